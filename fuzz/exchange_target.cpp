@@ -1,0 +1,68 @@
+// A whole exchange with a device or a controller that answers arbitrary bytes. It ends, and on a
+// framed link it succeeds only on a good answer.
+#include "input.h"
+
+#include "links/modster.h"
+#include "support/driver_test.h"
+
+namespace {
+
+struct Hostile : memory::Peer {
+    Input& input;
+    bool framed = false;
+    bool first_part = false;  // has been said
+    std::size_t frames = 0;
+    Bytes said, tail;
+
+    explicit Hostile(Input& in) : input(in) {}
+    void HostSent(const Bytes& bytes) override {
+        tail = tail + bytes;
+        // A frame is answered when it is whole, bytes of a direct line as they come.
+        if (framed && !modem::Unframe(tail)) return;
+        tail.clear();
+        Require(++frames < 3000, "the exchange ends");
+        const Bytes line = framed ? input.Line() : input.Take(input.Byte() & 0x3F);
+        said = said + line;
+        const auto body = modem::Unframe(line);
+        first_part = first_part || (body && (body->front() & 0x7F) == 8);
+        os.Answer(line);
+    }
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, std::size_t count) {
+    Input input(bytes, count);
+    Hostile hostile(input);
+    ResetDriver();
+    os.peer = &hostile;
+    os.modem_lines[0] = os.modem_lines[1] = platform::kLineCarrier;
+    InicjujKompletniePortSzeregowy();
+    const uint8_t how = input.Byte();
+    TransmisjaPrzezModem = how & 1;
+    hostile.framed = TransmisjaPrzezModem != 0;
+    RetransmitowacSekwencjeSterujaca = how >> 1 & 1;
+    MaksymalnaLiczbaRetransmisji = (how & 0x80) != 0 ? 255 : how >> 2 & 3;
+    SzczegoloweDaneOTypieUrzadzenia.kodTypu = input.Byte();
+    for (int i = 1; i < kRozmiarBuforaWymiany; ++i)
+        BajtyDoPoslania[i] = static_cast<uint8_t>(i * how);
+    const uint32_t mode = (how >> 4 & 3) % 3;
+    const uint8_t command = input.Byte(), ack = input.Byte(), data = input.Byte();
+    if (mode == 0) {
+        PoslanieSekwencjiSterujacej(command, ack, data, input.Byte());
+    } else {
+        OgolnePoslanieSekwencjiSterujacej(mode, command, ack, data, input.Byte());
+    }
+    Require(WTrakcieSekwencjiSterujacej == 0, "the exchange is over");
+    if (hostile.framed && NumerBledu == 0) {
+        const Bytes& said = hostile.said;
+        const int flags =
+            FlagsOfLastFrame({said.begin(), said.end() - static_cast<long>(os.UnreadBytes())});
+        // Refused after its first part, an answer is read as far as it came.
+        const bool cut_short = hostile.first_part && flags >= 0 && (flags & 15) == 1;
+        Require(flags == 0 || (flags & 15) == 8 || cut_short, "success is an answer");
+    }
+    ResetDriver();
+    MaksymalnaLiczbaRetransmisji = 3;
+    return 0;
+}

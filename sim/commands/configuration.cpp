@@ -1,0 +1,47 @@
+// Configuration bytes, in groups of three. What they mean is the host's business.
+#include "sim/command.h"
+
+namespace sim {
+namespace {
+
+constexpr Field kGroup[] = {
+    {"group", FieldKind::Byte, 1},
+};
+constexpr Field kGroupAndBytes[] = {
+    {"group", FieldKind::Byte, 1},
+    {"byte 1", FieldKind::Byte, 1},
+    {"byte 2", FieldKind::Byte, 1},
+    {"byte 3", FieldKind::Byte, 1},
+};
+
+Bytes ReadGroup(Core& core, const Record& record) {
+    const ConfigurationGroup& group = core.configuration[record.Byte("group")];
+    return {kStatusDone, group[0], group[1], group[2]};
+}
+
+Bytes WriteGroup(Core& core, const Record& record) {
+    core.configuration[record.Byte("group")] = {record.Byte("byte 1"), record.Byte("byte 2"),
+                                                record.Byte("byte 3")};
+    return {kStatusDone};
+}
+
+constexpr Command kCommands[] = {
+    {.code = 0xDF,
+     .name = "read configuration group",
+     .early = 1,
+     .layout = kGroup,
+     .execute = ReadGroup},
+    {.code = 0xDE,
+     .name = "write configuration group",
+     .early = 1,
+     .layout = kGroupAndBytes,
+     .execute = WriteGroup},
+};
+
+}  // namespace
+
+std::span<const Command> ConfigurationCommands() {
+    return kCommands;
+}
+
+}  // namespace sim

@@ -1,0 +1,138 @@
+// What the shop puts on its receipts: the lines of the footer, and the logo row by row.
+#include <algorithm>
+#include <functional>
+#include <numeric>
+
+#include "sim/command.h"
+#include "sim/commands/text_field.h"
+
+namespace sim {
+namespace {
+
+// Answers to a line.
+namespace refusal {
+constexpr std::uint8_t kControlCharacter = 106;
+constexpr std::uint8_t kNoSuchLine = 108;
+constexpr std::uint8_t kCheckSum = 200;
+constexpr std::uint8_t kDataMissing = 201;
+constexpr std::uint8_t kRepeated = 202;
+constexpr std::uint8_t kDailyReportFirst = 203;
+}  // namespace refusal
+
+constexpr Field kFooter[] = {
+    {"line", FieldKind::Byte, 1},
+    {"text", FieldKind::Text, 40},
+    {"check sum", FieldKind::Byte, 1},
+};
+constexpr Field kFooterQuery[] = {
+    {"line", FieldKind::Byte, 1},
+};
+constexpr Field kLogo[] = {
+    {"line", FieldKind::Byte, 1},
+    {"dots", FieldKind::Dots, 24},
+    {"check sum", FieldKind::Byte, 1},
+};
+
+constexpr ModelSet kHaveFooter = {8, 10, 11, 12, 13};
+constexpr ModelSet kHaveLogo = {8, 9, 10, 11, 12, 13};
+
+bool CheckSumHolds(const Record& record, const char* label) {
+    const auto content = record.Raw(label);
+    return std::accumulate(content.begin(), content.end(), 0, std::bit_xor<>()) ==
+           record.Byte("check sum");
+}
+
+// The line that was sent last has come once more: to the device that is a fault of the host.
+bool Repeats(const Core& core, const Record& record) {
+    return std::ranges::equal(core.last_setup, record.data());
+}
+
+// What receipts have been printed with goes into a daily report before it can change again.
+bool MayChange(const Core& core, bool changed) {
+    return core.receipt_counter == 0 || !changed;
+}
+
+std::uint8_t WriteFooterLine(Core& core, const Record& record) {
+    const std::size_t number = record.Byte("line");
+    const auto text = record.Raw("text");
+    if (!CheckSumHolds(record, "text")) return refusal::kCheckSum;
+    if (number >= core.footer.size()) return refusal::kNoSuchLine;
+    if (!IsPrintable(text)) return refusal::kControlCharacter;
+    if (Repeats(core, record)) return refusal::kRepeated;
+    FooterLine& line = core.footer[number];
+    if (std::ranges::equal(line.text, text)) return kStatusDone;
+    if (!MayChange(core, line.changed)) return refusal::kDailyReportFirst;
+    line.text.assign(text.begin(), text.end());
+    line.changed = core.receipt_counter != 0;
+    return kStatusDone;
+}
+
+// Rows have to come in order, from the top; the logo is in force once it has come to its end.
+std::uint8_t WriteLogoLine(Core& core, const Record& record) {
+    LogoMemory& logo = core.logo;
+    const std::size_t number = record.Byte("line");
+    const auto dots = record.Raw("dots");
+    if (!CheckSumHolds(record, "dots")) return refusal::kCheckSum;
+    if (number >= logo.coming.rows.size()) return refusal::kNoSuchLine;
+    if (Repeats(core, record)) return refusal::kRepeated;
+    if (number != 0 && number != logo.next) return refusal::kDataMissing;
+    if (!MayChange(core, logo.changed)) return refusal::kDailyReportFirst;
+    std::ranges::copy(dots, logo.coming.rows[number].begin());
+    logo.next = number + 1;
+    if (logo.next < logo.coming.rows.size()) return kStatusDone;
+    logo.next = 0;
+    logo.changed = core.receipt_counter != 0 && logo.complete != logo.coming;
+    logo.complete = logo.coming;
+    core.Note("the logo is complete");
+    return kStatusDone;
+}
+
+template <std::uint8_t (*Write)(Core&, const Record&)>
+Bytes WriteLine(Core& core, const Record& record) {
+    const std::uint8_t answer = Write(core, record);
+    if (answer == kStatusDone) core.last_setup.assign(record.data().begin(), record.data().end());
+    return {answer};
+}
+
+Bytes ReadFooterLine(Core& core, const Record& record) {
+    const std::uint8_t number = record.Byte("line");
+    if (number >= core.footer.size()) return {refusal::kNoSuchLine};
+    Bytes answer{kStatusDone, number};
+    const Bytes& text = core.footer[number].text;
+    answer.insert(answer.end(), text.begin(), text.end());
+    answer.resize(2 + 40, ' ');
+    return answer;
+}
+
+constexpr Command kCommands[] = {
+    {.code = 0x2E,
+     .name = "write footer line",
+     .early = 1,
+     .layout = kFooter,
+     .models = kHaveFooter,
+     .moment = Moment::NoReceipt,
+     .incomplete = refusal::kDataMissing,
+     .execute = WriteLine<WriteFooterLine>},
+    {.code = 0x38,
+     .name = "read footer line",
+     .early = 1,
+     .layout = kFooterQuery,
+     .models = kHaveFooter,
+     .execute = ReadFooterLine},
+    {.code = 0x2D,
+     .name = "write logo line",
+     .early = 1,
+     .layout = kLogo,
+     .models = kHaveLogo,
+     .moment = Moment::NoReceipt,
+     .incomplete = refusal::kDataMissing,
+     .execute = WriteLine<WriteLogoLine>},
+};
+
+}  // namespace
+
+std::span<const Command> FooterLogoCommands() {
+    return kCommands;
+}
+
+}  // namespace sim

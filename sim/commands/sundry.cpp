@@ -1,0 +1,144 @@
+// Small commands: paper feed, query of an article, the user's lines, codes of cash register and
+// cashier.
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "sim/articles.h"
+#include "sim/command.h"
+#include "sim/commands/text_field.h"
+#include "sim/frame.h"
+#include "sim/vat_table.h"
+
+namespace sim {
+namespace {
+
+constexpr Field kFeed[] = {
+    {"lines", FieldKind::Byte, 1},
+};
+constexpr Field kArticle[] = {
+    {"name", FieldKind::Text, 28},
+};
+constexpr Field kUserLine[] = {
+    {"line", FieldKind::Byte, 1},
+    {"mode", FieldKind::Byte, 1},
+    {"text", FieldKind::Text, kRest},
+};
+constexpr Field kCodes[] = {
+    {"register", FieldKind::Text, 2},
+    {"cashier", FieldKind::Text, 2},
+};
+
+constexpr ModelSet kAnswerQueries = {8, 9, 10, 11, 12};
+constexpr ModelSet kShortCodes = {1, 2, 3, 4, 5, 6, 7, 8, 9, 12, 13};
+constexpr ModelSet kLongCodes = {10, 11};
+
+constexpr std::uint8_t kUnprintable = 106;
+
+Bytes Feed(Core& core, const Record& record) {
+    for (int lines = record.Byte("lines"); lines > 0; --lines)
+        core.printer.Text(LineKind::Printout, "");
+    return {};
+}
+
+Bytes TellArticle(Core& core, const Record& record) {
+    static constexpr std::uint8_t kUnknown = 255;
+    static constexpr std::uint8_t kLocked = 1;
+    const std::string text = core.Text(record.data());
+    const std::string_view name = Trim(text);
+    if (!NameIsLongEnough(name)) return {'B'};
+    const Article* article = FindArticle(core, name);
+    if (!article) return {kStatusDone, kUnknown, 0};
+    const std::uint8_t flags = article->rate_lowered ? kLocked : 0;
+    return {kStatusDone, NumberOfRate(article->rate), flags};
+}
+
+// Texts in large print are half as long.
+int UserLineLength(std::span<const std::uint8_t> line_and_mode) {
+    static constexpr int kShort = 1;
+    return 2 + ((line_and_mode[1] & kShort) != 0 ? 20 : 40);
+}
+
+Bytes WriteUserLine(Core& core, const Record& record) {
+    const auto text = record.Raw("text");
+    if (!IsPrintable(text)) return {kUnprintable};
+    core.user_lines[record.Byte("line")] = {record.Byte("mode"), TextOf(core, text)};
+    return {kStatusDone};
+}
+
+void SetCodes(Core& core, std::span<const std::uint8_t> cash_register,
+              std::span<const std::uint8_t> cashier) {
+    CashierCodes& codes = core.cashier_codes;
+    codes = {TextOf(core, cash_register), TextOf(core, cashier)};
+    core.Note(fmt::format("register \"{}\", cashier \"{}\"", codes.cash_register, codes.cashier));
+}
+
+Bytes ShortCodes(Core& core, const Record& record) {
+    if (IsPrintable(record.data()))
+        SetCodes(core, record.Raw("register"), record.Raw("cashier"));
+    else
+        core.Note("unprintable codes");
+    return {};
+}
+
+Bytes LongCodes(Core& core, std::span<const std::uint8_t> content) {
+    static constexpr std::size_t kRegister = 3;
+    static constexpr std::size_t kCashier = 21;
+    const auto digit_or_blank = [](std::uint8_t byte) {
+        return byte == ' ' || (byte >= '0' && byte <= '9');
+    };
+    const bool possible = content.size() == kRegister + kCashier && IsPrintable(content) &&
+                          std::ranges::all_of(content.first(kRegister), digit_or_blank);
+    if (!possible) throw MalformedFrame{};
+    SetCodes(core, content.first(kRegister), content.subspan(kRegister));
+    return {kAcknowledgement};
+}
+
+constexpr Command kCommands[] = {
+    {.code = 0x46,
+     .name = "feed paper",
+     .early = 1,
+     .layout = kFeed,
+     .moment = Moment::NoReceipt,
+     .execute = Feed},
+    {.code = 0xEF,
+     .name = "article query",
+     .early = 1,
+     .layout = kArticle,
+     .models = kAnswerQueries,
+     .moment = Moment::NoReceipt,
+     .execute = TellArticle},
+    {.code = 0x9C,
+     .name = "user line",
+     .early = 1,
+     .layout = kUserLine,
+     .data_length = UserLineLength,
+     .moment = Moment::NoReceipt,
+     .execute = WriteUserLine},
+    {.code = 0x43,
+     .name = "register and cashier codes",
+     .early = 1,
+     .layout = kCodes,
+     .models = kShortCodes,
+     .moment = Moment::NoReceipt,
+     .execute = ShortCodes},
+};
+
+constexpr TextFrame kFrames[] = {
+    {.prefix = "J",
+     .name = "register and cashier codes",
+     .models = kLongCodes,
+     .moment = Moment::NoReceipt,
+     .execute = LongCodes},
+};
+
+}  // namespace
+
+std::span<const Command> SundryCommands() {
+    return kCommands;
+}
+std::span<const TextFrame> SundryFrames() {
+    return kFrames;
+}
+
+}  // namespace sim

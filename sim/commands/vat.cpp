@@ -1,0 +1,78 @@
+// The table of VAT rates: each generation knows the commands of its own table only.
+#include "sim/command.h"
+#include "sim/vat_table.h"
+
+namespace sim {
+namespace {
+
+constexpr ModelSet kSevenRates = {4, 7, 8, 9, 10, 11, 12, 13};
+constexpr ModelSet kSixRates = {2, 3, 6};
+constexpr ModelSet kFourRates = {1, 5};
+
+constexpr Field kSevenRateTable[] = {
+    {"rates", FieldKind::Rates, CodedLength(RateTable::Seven)},
+};
+constexpr Field kSixRateTable[] = {
+    {"rates", FieldKind::Rates, CodedLength(RateTable::Six)},
+};
+constexpr Field kFourRateTable[] = {
+    {"rates", FieldKind::Rates, CodedLength(RateTable::Four)},
+};
+
+std::optional<Bytes> ReadRates(Core& core) {
+    return EncodeRates(core.model.rate_table, core.rates);
+}
+
+// Rates change only right after a daily report, before the first sale.
+std::optional<Bytes> AllowRates(Core& core) {
+    if (core.receipt_counter != 0) return std::nullopt;
+    return Bytes{};
+}
+
+Bytes WriteRates(Core& core, const Record& record) {
+    core.SetRates(DecodeRates(core.model.rate_table, record.Raw("rates")));
+    core.printer.Centred(LineKind::Notice, "ZMIANA STAWEK PTU");
+    for (int rate = 0; rate < kRates; ++rate)
+        core.printer.Columns(LineKind::Notice, std::string("PTU ") + RateLetter(rate),
+                             RateText(core.rates[static_cast<std::size_t>(rate)]));
+    core.printer.Text(LineKind::Notice, "");
+    return {};
+}
+
+constexpr Command ReadCommand(std::uint8_t code, RateTable table, const ModelSet& models) {
+    return {.code = code,
+            .name = "read VAT rates",
+            .early = 1 + CodedLength(table),
+            .models = models,
+            .moment = Moment::NoReceipt,
+            .accept = ReadRates};
+}
+
+constexpr Command WriteCommand(std::uint8_t code, std::span<const Field> layout,
+                               const ModelSet& models) {
+    return {.code = code,
+            .name = "write VAT rates",
+            .early = 1,
+            .layout = layout,
+            .models = models,
+            .moment = Moment::NoReceipt,
+            .accept = AllowRates,
+            .execute = WriteRates};
+}
+
+constexpr Command kCommands[] = {
+    ReadCommand(0xD1, RateTable::Seven, kSevenRates),
+    ReadCommand(0xD0, RateTable::Six, kSixRates),
+    ReadCommand(0x70, RateTable::Four, kFourRates),
+    WriteCommand(0xD5, kSevenRateTable, kSevenRates),
+    WriteCommand(0xD4, kSixRateTable, kSixRates),
+    WriteCommand(0x44, kFourRateTable, kFourRates),
+};
+
+}  // namespace
+
+std::span<const Command> VatCommands() {
+    return kCommands;
+}
+
+}  // namespace sim

@@ -1,0 +1,147 @@
+#include "sim/device.h"
+
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+#include "sim/core.h"
+#include "sim/wire.h"
+
+namespace sim {
+
+std::string FormatExchange(const Exchange& exchange) {
+    const double seconds = static_cast<double>(exchange.at.count()) / 1000;
+    std::string text = fmt::format("{:10.3f} {}\n", seconds, exchange.name);
+    const auto line = [&text](std::string_view label, const std::string& content) {
+        if (!content.empty()) text += fmt::format("{:>17} {}\n", label, content);
+    };
+    line("host:", fmt::format("{:02X}", fmt::join(exchange.received, " ")));
+    std::string fields;
+    for (const auto& [label, value] : exchange.fields)
+        fields += fmt::format("{}{}: {}", fields.empty() ? "" : ", ", label, value);
+    line("", fields);
+    line("device:", fmt::format("{:02X}", fmt::join(exchange.answered, " ")));
+    line("", exchange.note);
+    return text;
+}
+
+Device::Device(const DeviceOptions& options)
+    : core_(std::make_unique<Core>(options)), wire_(std::make_unique<Wire>(*core_)) {}
+
+Device::~Device() = default;
+
+void Device::Receive(std::span<const std::uint8_t> bytes) {
+    for (const std::uint8_t byte : bytes) wire_->Receive(byte);
+}
+
+Bytes Device::TakeAnswer() {
+    return wire_->TakeAnswer();
+}
+
+bool Device::AnswerPending() const {
+    return wire_->AnswerPending();
+}
+
+void Device::Advance(std::chrono::milliseconds time) {
+    core_->now += time;
+    wire_->CheckTimeouts();
+}
+
+const std::vector<PaperLine>& Device::paper() const {
+    return core_->printer.paper();
+}
+
+void Device::TearOffPaper() {
+    core_->printer.TearOff();
+}
+
+void Device::OnExchange(std::function<void(const Exchange&)> watcher) {
+    wire_->Watch(std::move(watcher));
+}
+
+FaultPanel& Device::faults() {
+    return core_->faults;
+}
+
+const Receipt& Device::receipt() const {
+    return core_->receipt;
+}
+
+int Device::receipt_counter() const {
+    return core_->receipt_counter;
+}
+
+int Device::cancellation_reason() const {
+    return static_cast<int>(core_->cancellation);
+}
+
+const RateAmounts& Device::day_totals() const {
+    return core_->day_totals;
+}
+
+const VatRates& Device::vat_rates() const {
+    return core_->rates;
+}
+
+void Device::SetVatRates(const VatRates& rates) {
+    core_->SetRates(rates);
+}
+
+std::chrono::sys_seconds Device::clock() const {
+    return core_->clock();
+}
+
+int Device::cancelled_receipts() const {
+    return core_->cancelled_receipts;
+}
+
+int Device::report_number() const {
+    return core_->report_number();
+}
+
+const std::vector<DailyReport>& Device::daily_reports() const {
+    return core_->daily_reports;
+}
+
+const std::map<std::string, Article>& Device::articles() const {
+    return core_->articles;
+}
+
+const std::array<int, kDrawers>& Device::drawers_opened() const {
+    return core_->drawers_opened;
+}
+
+bool Device::printout_open() const {
+    return core_->printout.open();
+}
+
+std::array<std::string, kFooterLines> Device::footer() const {
+    std::array<std::string, kFooterLines> texts;
+    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = core_->FooterText(i);
+    return texts;
+}
+
+const std::optional<Logo>& Device::logo() const {
+    return core_->logo.complete;
+}
+
+const std::vector<std::string>& Device::display() const {
+    return core_->display.texts();
+}
+
+std::string Device::display_text() const {
+    return core_->display.OneLineText();
+}
+
+const std::map<int, UserLine>& Device::user_lines() const {
+    return core_->user_lines;
+}
+
+const CashierCodes& Device::cashier_codes() const {
+    return core_->cashier_codes;
+}
+
+const ConfigurationGroup& Device::configuration(int group) const {
+    return core_->configuration.at(static_cast<std::size_t>(group));
+}
+
+}  // namespace sim

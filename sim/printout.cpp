@@ -1,0 +1,31 @@
+#include "sim/printout.h"
+
+#include <fmt/chrono.h>
+#include <fmt/format.h>
+
+namespace sim {
+namespace {
+
+constexpr const char* kNotFiscal = "NIEFISKALNY";
+
+}  // namespace
+
+void BeginPrintout(Core& core, PrintoutKind kind, std::string_view title) {
+    core.printout.kind = kind;
+    core.BeginDocument();
+    core.printer.Centred(LineKind::Printout, kNotFiscal);
+    core.printer.Centred(LineKind::Printout, title);
+    core.printer.Rule(LineKind::Printout);
+}
+
+void EndPrintout(Core& core) {
+    if (!core.printout.open()) return;
+    core.printout.kind = PrintoutKind::None;
+    core.printer.Rule(LineKind::Printout);
+    core.printer.Centred(LineKind::Printout, kNotFiscal);
+    core.printer.Columns(LineKind::Printout, core.options.unique_number,
+                         fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
+    core.printer.Text(LineKind::Printout, "");
+}
+
+}  // namespace sim

@@ -1,0 +1,48 @@
+// The Nivo model: its special function needs a keyboard on the modem lines.
+#include "engine/sysproc.h"
+#include "platform/serial.h"
+#include "port/portpro.h"
+#include "port/sysseria.h"
+
+uint8_t KomunikacjaDlaNivy = 0;
+uint8_t WymaganySprzetDoFunkcjiSpecjalnych = 1;
+int32_t DlaczegoNiemozliwaFunkcjaSpecjalna = 0;
+
+namespace {
+
+constexpr int32_t kFunkcjaMozliwa = 510;
+constexpr int32_t kKlawiaturaZlePodlaczona = 257;
+constexpr int32_t kBrakKlawiatury = 256;
+constexpr uint32_t kUstalenieLiniiMs = 100;
+
+bool DsrPrzyRts(bool podniesiona) {
+    UstawienieStanuLiniiRTS(podniesiona);
+    Moje_delay(kUstalenieLiniiMs);
+    return (ModemStatus() & platform::kLineDsr) != 0;
+}
+
+}  // namespace
+
+void WykrywanieHardwareDoFunkcjiSpecjalnejDlaKasyNivo() {
+    DlaczegoNiemozliwaFunkcjaSpecjalna = kFunkcjaMozliwa;
+    if (WymaganySprzetDoFunkcjiSpecjalnych && !KlawiaturaSpecjalnaJestPrawidlowoPodlaczona()) {
+        DlaczegoNiemozliwaFunkcjaSpecjalna =
+            WykrytoHardwareKlawiaturySpecjalnej() ? kKlawiaturaZlePodlaczona : kBrakKlawiatury;
+    }
+    if (DlaczegoNiemozliwaFunkcjaSpecjalna != kFunkcjaMozliwa) {
+        UstawNumerBledu(kBladSprzetNivo);
+    } else {
+        DlaczegoNiemozliwaFunkcjaSpecjalna = 0;
+    }
+}
+
+// The keyboard answers on DSR what the driver says on RTS.
+bool WykrytoHardwareKlawiaturySpecjalnej() {
+    const bool przyPodniesionej = DsrPrzyRts(true);
+    const bool przyOpuszczonej = DsrPrzyRts(false);
+    return przyPodniesionej && !przyOpuszczonej;
+}
+
+bool KlawiaturaSpecjalnaJestPrawidlowoPodlaczona() {
+    return WykrytoHardwareKlawiaturySpecjalnej() && (ModemStatus() & platform::kLineCarrier) != 0;
+}

@@ -1,0 +1,120 @@
+#include "engine/sysproc.h"
+
+#include "links/msgqueue.h"
+#include "platform/window_messages.h"
+#include "port/sysseria.h"
+#include "trace/message.h"
+
+uint8_t RetransmitowacSekwencjeSterujaca = 0;
+uint8_t PierwszaSekwencjaSterujaca = 0;
+uint32_t LicznikPoslanychSekwencjiSterujacych = 0;
+uint32_t CoIleSygnalizowacLicznikPoslanychSekwencji = 0;
+uint8_t FunkcjaWStanieUspienia = 0;
+uint8_t DebugowacDzialanieFunkcji = 0;
+char NazwaFunkcji[64] = "";
+uint32_t LicznikOdczytanychLiniiZPlikuWejsciowego = 0;
+uint32_t LicznikZapisanychLiniiDoPlikuWyjsciowego = 0;
+
+namespace {
+
+constexpr char kRozkazBreak = 'b';
+
+void WznowPort() {
+    const bool uspiona = FunkcjaWStanieUspienia != 0;
+    // First of all: the opening may itself make an exchange, to select a multiplexer channel.
+    FunkcjaWStanieUspienia = 0;
+    if (uspiona) InicjujKompletniePortSzeregowy();
+}
+
+void ZwolnijPort() {
+    if (!FunkcjaWStanieUspienia) OdinicjujPortSzeregowy();
+    FunkcjaWStanieUspienia = 1;
+}
+
+void PorzucWymiane() {
+    UstawNumerBledu(kBladBreakSerwera);
+}
+
+// The server's commands: what each does, and the reply with its value.
+struct ServerCommand {
+    char letter;
+    char reply;
+    void (*action)();
+    const uint32_t* value;
+    const char* trace;
+};
+
+constexpr ServerCommand kRozkazySerwera[] = {
+    {'l', 'L', nullptr, &LicznikOdczytanychLiniiZPlikuWejsciowego,
+     " wykonal rozkaz LINES Serwera ###\n"},
+    {'a', 'A', nullptr, nullptr, " wykonal rozkaz AVAILABLE Serwera ###\n"},
+    {'c', 'C', nullptr, &LicznikPoslanychSekwencjiSterujacych,
+     " wykonal rozkaz COUNTER Serwera ###\n"},
+    {'o', 'O', nullptr, &LicznikZapisanychLiniiDoPlikuWyjsciowego,
+     " wykonal rozkaz OUTLINES Serwera ###\n"},
+    {'r', 'R', WznowPort, nullptr, " wykonal rozkaz RESUME Serwera ###\n"},
+    {'s', 'S', ZwolnijPort, nullptr, " wykonal rozkaz SUSPEND Serwera ###\n"},
+    {kRozkazBreak, 'B', PorzucWymiane, nullptr, " wykonal rozkaz BREAK Serwera ###\n"},
+};
+
+void ZapiszSlad(const char* koniec) {
+    if (!DebugowacDzialanieFunkcji) return;
+    Printf(0, "%s%s%s%d%s", "###DRIVER: ", NazwaFunkcji, ", PID=", static_cast<int>(GetPid_()),
+           koniec);
+}
+
+// False when the exchange is abandoned.
+bool ObsluzonoRozkazSerwera(char letter) {
+    if (letter == 0) return true;
+    for (const ServerCommand& command : kRozkazySerwera) {
+        if (command.letter != letter) continue;
+        if (command.action != nullptr) command.action();
+        MsgToServer_(command.reply, command.value != nullptr ? *command.value : 0);
+        ZapiszSlad(command.trace);
+        return letter != kRozkazBreak;
+    }
+    UstawNumerBledu(kBladRozkazSerwera);
+    ZapiszSlad(" odebral nieznany rozkaz Serwera ###\n");
+    return false;
+}
+
+// A suspended driver stays in here until the server sends RESUME or BREAK; this is meant.
+bool ObsluzonoSerwer() {
+    while (ObsluzonoRozkazSerwera(MsgFromServer_())) {
+        if (!FunkcjaWStanieUspienia) return true;
+        platform::WaitForWindowMessage();
+    }
+    return false;
+}
+
+void ZasygnalizujLicznik() {
+    const uint32_t coIle = CoIleSygnalizowacLicznikPoslanychSekwencji;
+    if (coIle == 0 || LicznikPoslanychSekwencjiSterujacych % coIle != 0) return;
+    MsgToServer_('C', LicznikPoslanychSekwencjiSterujacych);
+    ZapiszSlad(" poslal komunikat COUNTER do Serwera ###\n");
+}
+
+}  // namespace
+
+void PoslanieSekwencjiSterujacej(uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
+                                 uint8_t dlugoscDanych, int32_t dlugoscOdpowiedzi) {
+    int proby = 1;
+    if (RetransmitowacSekwencjeSterujaca) proby = PierwszaSekwencjaSterujaca ? 2 : 4;
+    for (; proby > 0; --proby) {
+        UstawNumerBledu(0);
+        BajtOdmowy = 0;
+        PoslanieSekwencjiSterujacejBezRetransmisji(rozkaz, dlugoscPotwierdzenia, dlugoscDanych,
+                                                   dlugoscOdpowiedzi);
+        if (NumerBledu != WartoscNumeruBledu(kBladTimeoutOdbierania)) break;
+    }
+    PierwszaSekwencjaSterujaca = 0;
+}
+
+void PoslanieSekwencjiSterujacejBezRetransmisji(uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
+                                                uint8_t dlugoscDanych, int32_t dlugoscOdpowiedzi) {
+    if (GetMsgID_() != 0 && !ObsluzonoSerwer()) return;
+    OgolnePoslanieSekwencjiSterujacej(kTrybZwykly, rozkaz, dlugoscPotwierdzenia, dlugoscDanych,
+                                      static_cast<uint8_t>(dlugoscOdpowiedzi));
+    ++LicznikPoslanychSekwencjiSterujacych;
+    if (GetMsgID_() != 0) ZasygnalizujLicznik();
+}

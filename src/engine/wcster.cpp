@@ -1,0 +1,15 @@
+#include "engine/wcster.h"
+
+bool TavloJestObecny() {
+    return false;
+}
+bool ZresetowanoTavloa(int32_t, uint8_t) {
+    return false;
+}
+bool PoslanoKodKoncaDanych(uint8_t) {
+    return false;
+}
+bool WyslanoPotwierdzenieDoTavloa() {
+    return false;
+}
+void OczekiwanieNaOproznienieNadajnikaPortuSzeregowego() {}

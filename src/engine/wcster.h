@@ -1,0 +1,11 @@
+// The maker's communication component, a unit between the port and the device. There is none behind
+// these functions: presence is false and the rest fail, so that a real one can take their place.
+#pragma once
+
+#include <cstdint>
+
+bool TavloJestObecny();
+bool ZresetowanoTavloa(int32_t szybkosc, uint8_t flaga);
+bool PoslanoKodKoncaDanych(uint8_t kod);
+bool WyslanoPotwierdzenieDoTavloa();
+void OczekiwanieNaOproznienieNadajnikaPortuSzeregowego();

@@ -1,0 +1,12 @@
+// SetPortDevice: an application names the device behind a port number.
+#include "koraxdr/frame.h"
+#include "platform/posix/device_names.h"
+
+int32_t KORAX_CALL SetPortDevice(int32_t Port, const char* DevicePath) {
+    return Funkcja([&]() -> int32_t {
+        if (DevicePath == nullptr) return blad::kPustyBufor;
+        const bool nazwano =
+            Port >= 1 && platform::NameComDevice(static_cast<uint32_t>(Port), DevicePath);
+        return nazwano ? blad::kBrak : blad::kParametrPozaZakresem;
+    });
+}

@@ -1,0 +1,152 @@
+// Opening a device for this process alone, and closing it.
+#include <fcntl.h>
+#include <linux/serial.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <iterator>
+
+#include "platform/posix/line.h"
+
+namespace platform {
+namespace {
+
+// One for the session and one for the look whether another port is present, with room to spare.
+constinit Line lines[4]{};
+
+Line* FreeLine() {
+    for (Line& line : lines) {
+        if (line.descriptor < 0) return &line;
+    }
+    return nullptr;
+}
+
+// A process that was started without standard streams would get one of their numbers for the line,
+// and what it prints would go out on the wire.
+int MoveAboveStandardStreams(int descriptor) {
+    if (descriptor > STDERR_FILENO) return descriptor;
+    const int moved = fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int error = errno;
+    close(descriptor);
+    errno = error;
+    return moved;
+}
+
+int OpenDescriptor(const char* name) {
+    int descriptor = -1;
+    do {
+        descriptor = open(name, O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
+    } while (descriptor < 0 && errno == EINTR);
+    return descriptor < 0 ? descriptor : MoveAboveStandardStreams(descriptor);
+}
+
+bool IsPseudoTerminal(int descriptor) {
+    constexpr unsigned kFirstSlaveMajor = 136;
+    constexpr unsigned kLastSlaveMajor = 143;
+    struct stat status {};
+    if (fstat(descriptor, &status) != 0) return false;
+    const unsigned number = major(status.st_rdev);
+    return S_ISCHR(status.st_mode) && number >= kFirstSlaveMajor && number <= kLastSlaveMajor;
+}
+
+// The file lock keeps out everybody who asks for it, the superuser too; the terminal's exclusive
+// mode keeps out every other program. A pseudo-terminal would stay in that mode after an
+// application that ended without closing, until its other side ends too, so there the lock has to
+// do.
+int MakeExclusive(int descriptor, bool pseudo_terminal) {
+    if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) return errno;
+    if (!pseudo_terminal && ioctl(descriptor, TIOCEXCL) != 0) return errno;
+    return 0;
+}
+
+// Without it a USB adapter keeps a one-byte answer back for up to 16 ms. Not every line knows it.
+void AskForLowLatency(int descriptor) {
+    serial_struct settings{};
+    if (ioctl(descriptor, TIOCGSERIAL, &settings) != 0) return;
+    settings.flags |= static_cast<int>(ASYNC_LOW_LATENCY);
+    ioctl(descriptor, TIOCSSERIAL, &settings);
+}
+
+// 0, or errno; everything that has to succeed before the descriptor becomes a line.
+int Prepare(int descriptor, bool pseudo_terminal) {
+    if (isatty(descriptor) == 0) return errno;
+    if (const int error = MakeExclusive(descriptor, pseudo_terminal)) return error;
+    return MakeRaw(descriptor);
+}
+
+}  // namespace
+
+Line* FindLine(LineHandle handle) {
+    if (handle < 0 || handle >= static_cast<LineHandle>(std::size(lines))) return nullptr;
+    Line& line = lines[handle];
+    return line.descriptor < 0 ? nullptr : &line;
+}
+
+uint32_t ErrorNumber(int error) {
+    switch (error) {
+        case EACCES:
+        case EPERM:
+        case EBUSY:
+        case EWOULDBLOCK:
+            return kErrorDeviceInUse;
+        case ENOENT:
+        case ENOTDIR:
+        case EISDIR:
+        case ELOOP:
+        case ENAMETOOLONG:
+        case ENODEV:
+        case ENXIO:
+        case ENOTTY:
+        case EIO:  // a serial port without its hardware, or a line that was pulled out
+        case EBADF:
+        case 0:
+            return kErrorNoSuchDevice;
+        default:
+            return static_cast<uint32_t>(error);
+    }
+}
+
+LineHandle OpenLine(const char* name, uint32_t& error) {
+    Line* line = FreeLine();
+    if (line == nullptr) {
+        error = ErrorNumber(EMFILE);
+        return kNoLine;
+    }
+    const int descriptor = OpenDescriptor(name);
+    if (descriptor < 0) {
+        error = ErrorNumber(errno);
+        return kNoLine;
+    }
+    const bool pseudo_terminal = IsPseudoTerminal(descriptor);
+    if (const int failure = Prepare(descriptor, pseudo_terminal)) {
+        close(descriptor);
+        error = ErrorNumber(failure);
+        return kNoLine;
+    }
+    AskForLowLatency(descriptor);
+    *line = Line{};
+    line->descriptor = descriptor;
+    line->pseudo_terminal = pseudo_terminal;
+    error = 0;
+    return line - lines;
+}
+
+uint32_t CloseLine(LineHandle handle) {
+    Line* line = FindLine(handle);
+    if (line == nullptr) return kErrorNoSuchDevice;
+    // The system's own close would wait far longer for bytes that the line does not take.
+    if (!WaitForOutputCarried(*line)) tcflush(line->descriptor, TCOFLUSH);
+    if (!line->pseudo_terminal) ioctl(line->descriptor, TIOCNXCL);
+    // An interrupted close has closed all the same.
+    const int result = close(line->descriptor);
+    const int error = errno;
+    line->descriptor = -1;
+    return result == 0 || error == EINTR ? 0 : ErrorNumber(error);
+}
+
+}  // namespace platform

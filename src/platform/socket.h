@@ -1,0 +1,23 @@
+// A TCP connection as the device-server link needs it.
+#pragma once
+
+#include <cstdint>
+
+namespace platform {
+
+using SocketHandle = std::intptr_t;
+inline constexpr SocketHandle kNoSocket = -1;
+
+// Connects to a numeric address ("192.168.1.100" or "::1"); kNoSocket when that does not succeed
+// within the time.
+SocketHandle ConnectTcp(const char* address, uint16_t port, uint32_t timeout_ms);
+
+// True only when every byte was handed over within the time.
+bool SendAll(SocketHandle socket, const uint8_t* bytes, uint32_t count, uint32_t timeout_ms);
+
+// True when a byte came within the time; 0 = one that is there already.
+bool ReceiveByte(SocketHandle socket, uint8_t& byte, uint32_t timeout_ms);
+
+bool CloseSocket(SocketHandle socket);
+
+}  // namespace platform

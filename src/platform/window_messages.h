@@ -1,0 +1,29 @@
+// Window messages between the driver and a controlling server process. Where the system has no
+// window messages, nothing is posted and nothing arrives.
+#pragma once
+
+#include <cstdint>
+
+namespace platform {
+
+struct WindowMessage {
+    uint32_t number;
+    uintptr_t wparam;
+    intptr_t lparam;
+};
+
+uint32_t ProcessId();
+
+// Posts to every top-level window of the system; true when posted.
+bool PostToAllWindows(const WindowMessage& message);
+
+// Removes the next pending message with a number in first..last; false when there is none.
+bool TakeWindowMessage(uint32_t first, uint32_t last, WindowMessage& message);
+
+// Removes one pending message with a number in first..last and hands it to its window.
+void DispatchOneWindowMessage(uint32_t first, uint32_t last);
+
+// Returns when a message is pending.
+void WaitForWindowMessage();
+
+}  // namespace platform

@@ -1,0 +1,41 @@
+// The cells through which the port, the links and the engine pass one exchange: what is to be sent,
+// what was answered, and the outcome.
+#pragma once
+
+#include <cstdint>
+
+inline constexpr int kRozmiarBuforaWymiany = 256;
+
+extern uint8_t BajtyDoPoslania[kRozmiarBuforaWymiany];  // data bytes, from index 1
+extern uint8_t BajtyOdebrane[kRozmiarBuforaWymiany];    // answer bytes, from index 1
+extern uint8_t NumerBledu;                              // outcome of the last exchange, 0 = success
+
+// The failures of an exchange by their internal numbers, before WartoscNumeruBledu.
+inline constexpr int32_t kBladTimeoutNadawania = 20;
+inline constexpr int32_t kBladTimeoutOdbierania = 21;
+inline constexpr int32_t kBladNiepoprawnaOdpowiedz = 23;
+inline constexpr int32_t kBladNak = 24;
+inline constexpr int32_t kBladPotwierdzenie200 = 26;
+inline constexpr int32_t kBladBrakNosnej = 30;
+inline constexpr int32_t kBladZapisDoModemu = 32;
+inline constexpr int32_t kBladOdbiorZModemu = 33;
+inline constexpr int32_t kBladCrc = 34;
+inline constexpr int32_t kBladNieznanyKodSterujacy = 36;
+inline constexpr int32_t kBladKoniecRamki = 45;
+inline constexpr int32_t kBladSumaXor = 46;
+inline constexpr int32_t kBladKanal = 52;
+inline constexpr int32_t kBladPierwszaCzescDanych = 53;
+inline constexpr int32_t kBladRozkazSerwera = 54;
+inline constexpr int32_t kBladBreakSerwera = 56;
+inline constexpr int32_t kBladSprzetNivo = 57;
+inline constexpr int32_t kBladPotwierdzenie1 = 66;    // shown as 101
+inline constexpr int32_t kBladPotwierdzenie101 = 84;  // shown as 201
+
+// The one place where an internal number becomes the driver's error number.
+uint8_t WartoscNumeruBledu(int32_t numer);
+
+// Sets NumerBledu to the driver's number of an internal failure.
+void UstawNumerBledu(int32_t numer);
+
+// NumerBledu shows success.
+bool WymianaUdana();

@@ -1,0 +1,181 @@
+#include "port/portpro.h"
+
+#include "platform/clock.h"
+
+PortRecord TablicaPortow[kLiczbaRekordowPortow];
+uint32_t PortSelector = 1;
+
+namespace {
+
+constexpr uint32_t kOczekiwaniePoOtwarciuMs = 100;
+constexpr uint32_t kOczekiwaniePoUstawieniuMs = 100;
+constexpr uint32_t kOczekiwaniePrzedParzystosciaMs = 50;
+
+PortRecord& AktywnyRekord() {
+    return TablicaPortow[PortSelector];
+}
+
+bool PortOtwarty() {
+    return AktywnyRekord().handle != platform::kNoLine;
+}
+
+// A negative time-out is none at all.
+uint32_t Sekundy(int32_t timeout) {
+    return timeout > 0 ? static_cast<uint32_t>(timeout) : 0;
+}
+
+uint32_t OtworzPort(platform::DeviceKind kind, uint32_t port, uint32_t baud, int32_t writeTimeout,
+                    int32_t readTimeout) {
+    PortRecord& record = AktywnyRekord();
+    record.number = static_cast<uint8_t>(port);
+    // Flow control on CTS is on for every port that is opened, whatever UstawCTS stored before.
+    // This is meant: the devices hold CTS down while they cannot take data.
+    record.cts = 1;
+    record.baud = baud;
+    record.parity = 2;
+    record.stop_bits = 0;
+    record.byte_size = 8;
+    if (!platform::BuildDeviceName(kind, port, record.name)) return platform::kErrorNoSuchDevice;
+
+    uint32_t error = 0;
+    record.handle = platform::OpenLine(record.name, error);
+    if (!PortOtwarty()) return error != 0 ? error : platform::kErrorNoSuchDevice;
+
+    platform::PauseMs(kOczekiwaniePoOtwarciuMs);
+    record.write_timeout = Sekundy(writeTimeout);
+    record.read_timeout = Sekundy(readTimeout);
+    error = SetSerialParameters();
+    if (error != 0) UnInitializePort();
+    return error;
+}
+
+template <class Change>
+bool ZmienionoLinie(Change change, bool raised) {
+    return PortOtwarty() && change(AktywnyRekord().handle, raised);
+}
+
+}  // namespace
+
+uint32_t InitializePort(uint32_t port, uint32_t baud, int32_t writeTimeout, int32_t readTimeout) {
+    return OtworzPort(platform::DeviceKind::kCom, port, baud, writeTimeout, readTimeout);
+}
+
+uint32_t pInitializeLPTPort(uint32_t port, uint32_t baud, int32_t writeTimeout,
+                            int32_t readTimeout) {
+    return OtworzPort(platform::DeviceKind::kLpt, port, baud, writeTimeout, readTimeout);
+}
+
+uint32_t UnInitializePort() {
+    PortRecord& record = AktywnyRekord();
+    if (!PortOtwarty()) return 0;
+    const uint32_t error = platform::CloseLine(record.handle);
+    record.handle = platform::kNoLine;
+    return error;
+}
+
+uint32_t SetSerialParameters() {
+    if (!PortOtwarty()) return kBrakOtwartegoPortu;
+    const PortRecord& record = AktywnyRekord();
+    const platform::LineSettings settings = {
+        .baud = record.baud,
+        .byte_size = static_cast<uint8_t>(record.byte_size),
+        .parity = record.parity,
+        .stop_bits = static_cast<uint8_t>(record.stop_bits),
+        .cts_flow_control = record.cts != 0,
+        .write_timeout_s = record.write_timeout,
+        .read_timeout_s = record.read_timeout,
+    };
+    const uint32_t error = platform::ApplySettings(record.handle, settings);
+    if (error == 0) platform::PauseMs(kOczekiwaniePoUstawieniuMs);
+    return error;
+}
+
+uint32_t ClearPort() {
+    if (!PortOtwarty()) return kBrakOtwartegoPortu;
+    const uint32_t error = platform::PurgeOutput(AktywnyRekord().handle);
+    return error != 0 ? error : platform::PurgeInput(AktywnyRekord().handle);
+}
+
+bool ChangeParity(uint8_t parity) {
+    ClearPort();
+    platform::PauseMs(kOczekiwaniePrzedParzystosciaMs);
+    AktywnyRekord().parity = parity;
+    return SetSerialParameters() == 0;
+}
+
+bool WriteByte(uint8_t byte) {
+    return PoslanoCiagBajtow1(&byte, 1);
+}
+
+bool ReadByte(uint8_t& byte) {
+    return PortOtwarty() && platform::ReadBytes(AktywnyRekord().handle, &byte, 1) == 1;
+}
+
+bool PoslanoCiagBajtow1(const uint8_t* buffer, uint32_t count) {
+    return PortOtwarty() && platform::WriteBytes(AktywnyRekord().handle, buffer, count) == count;
+}
+
+uint8_t ModemStatus() {
+    if (!PortOtwarty()) return 0;
+    constexpr uint8_t kept =
+        platform::kLineCts | platform::kLineDsr | platform::kLineRing | platform::kLineCarrier;
+    return platform::ModemLines(AktywnyRekord().handle) & kept;
+}
+
+bool SetDTRLine() {
+    return ZmienionoLinie(platform::SetDtr, true);
+}
+bool ClearDTRLine() {
+    return ZmienionoLinie(platform::SetDtr, false);
+}
+bool SetRTSLine() {
+    return ZmienionoLinie(platform::SetRts, true);
+}
+bool ClearRTSLine() {
+    return ZmienionoLinie(platform::SetRts, false);
+}
+
+void UstawCTS(uint8_t flag) {
+    AktywnyRekord().cts = flag;
+}
+
+void CharSent() {
+    if (!PortOtwarty()) return;
+    struct CharacterTime {
+        uint32_t baud, ms;
+    };
+    constexpr CharacterTime times[] = {{300, 64}, {600, 32}, {1200, 16}, {2400, 8},
+                                       {4800, 4}, {9600, 2}, {14400, 2}};
+    platform::FlushLine(AktywnyRekord().handle);
+    uint32_t ms = 1;
+    for (const CharacterTime& time : times) {
+        if (time.baud == AktywnyRekord().baud) ms = time.ms;
+    }
+    platform::PauseMs(ms);
+}
+
+bool SerialPortPresent(uint32_t number) {
+    platform::DeviceName name;
+    if (!platform::BuildDeviceName(platform::DeviceKind::kCom, number, name)) return false;
+    uint32_t error = 0;
+    const platform::LineHandle line = platform::OpenLine(name, error);
+    if (line == platform::kNoLine) return false;
+    platform::CloseLine(line);
+    return true;
+}
+
+uint32_t SetComSelector(uint32_t selector) {
+    return selector;
+}
+uint32_t GetComSelector() {
+    return 0;
+}
+uint32_t GetCOMNumber() {
+    return 0;
+}
+uint32_t GetCOMHandle() {
+    return 0;
+}
+uint32_t GetSpeed() {
+    return 0;
+}

@@ -1,0 +1,194 @@
+// One control-sequence exchange: bytes, lengths, command-specific rules, failures.
+#include "support/driver_test.h"
+
+namespace {
+
+class Exchange : public DriverTest {
+  public:
+    Exchange() { OpenLine(); }
+
+  protected:
+    void OpenLine() {
+        Fresh();
+        InicjujKompletniePortSzeregowy();
+        os.calls.clear();
+    }
+    // The error number of an exchange with this conversation, which begins with the command byte.
+    int Run(const std::string& conversation, int ack, const char* data, int answer, int mode = 0) {
+        const bool sent = !conversation.empty() && mode != 2;
+        const uint8_t command = sent ? FromText(conversation.substr(0, 2))[0] : 0xD5;
+        const Bytes bytes = FromText(data);
+        std::copy(bytes.begin(), bytes.end(), BajtyDoPoslania + 1);
+        return Call(conversation, [&] {
+            NumerBledu = 0;
+            OgolnePoslanieSekwencjiSterujacej(
+                static_cast<uint32_t>(mode), command, static_cast<uint8_t>(ack),
+                static_cast<uint8_t>(bytes.size()), static_cast<uint8_t>(answer));
+            EXPECT_EQ(WTrakcieSekwencjiSterujacej, 0) << "cleared on every way out";
+            return NumerBledu;
+        });
+    }
+    static void ExpectLanded(const std::string& text) {
+        const Bytes bytes = FromText(text);
+        EXPECT_EQ(Hex(Bytes(BajtyOdebrane + 1, BajtyOdebrane + 1 + bytes.size())), Hex(bytes));
+    }
+};
+
+TEST_F(Exchange, PhasesCommandRulesAndWhereTheBytesLand) {
+    // Lengths of the acknowledgement and the answer, data, and what is found from index 1.
+    for (const auto& [conversation, model, ack, data, answer, result, landed] : {
+             std::tuple("21", 0, 0, "", 0, 0, ""),
+             {"23<06", 0, 1, "", 0, 0, "06"},
+             {"FE<06090807", 0, 4, "", 0, 0, "090807"},  // over the acknowledgement
+             {"07>01021B04", 0, 0, "01021B04", 0, 0, ""},
+             {"D5<06>0102", 0, 1, "0102", 0, 0, "06"},
+             {"30<06>05<00", 0, 1, "05", 1, 0, "00"},
+             {"30>05<0002030405", 0, 0, "05", 5, 0, "02030405"},  // over the status byte
+             {"30<060A0B>05<000C0D", 0, 3, "05", 3, 0, "0C0D"},
+             {"30<000708", 0, 0, "", 3, 0, "0708"},
+             {"E5>77<FA,40x42", 0, 0, "77", 1, 0, "40x42"},  // the status byte tells the length
+             {"E5>77<FA,40x38", 27, 0, "77", 1, 0, "40x38"},
+             {"E5>77<FB,40x17", 24, 0, "77", 1, 0, "40x17"},
+             {"E5>77<FC,40x8", 0, 0, "77", 200, 0, "40x8"},
+             {"E5>77<FE", 0, 0, "77", 9, 0, "00"},
+             {"E5>77<F9", 0, 0, "77", 9, 23, "F9"},
+             {"E5>77<FF", 0, 0, "77", 9, 23, "FF"},
+             {"A0>77<06,0102", 115, 0, "77", 3, 0, "0102"},  // 6 is success for older models
+             {"A0>77<06", 116, 0, "77", 3, 23, "06"},
+             {"A0>77<64", 0, 0, "77", 3, 200, "64"},
+         }) {
+        SCOPED_TRACE(conversation);
+        SzczegoloweDaneOTypieUrzadzenia.kodTypu = static_cast<uint8_t>(model);
+        EXPECT_EQ(Run(conversation, ack, data, answer), result);
+        ExpectLanded(landed);
+    }
+    for (const std::string command : {"94", "95", "96", "9B", "9F", "F4"}) {
+        EXPECT_EQ(Run(command + "<C80102", 3, "", 0), 0) << "its first byte is the answer";
+        ExpectLanded("0102");
+    }
+    for (const std::string command : {"72", "31", "F9", "11"}) {
+        EXPECT_EQ(Run(command + "<7A0102", 0, "", 3), 0) << "its status is not checked";
+        ExpectLanded("0102");
+    }
+    for (const std::string command : {"9A", "FC", "4D", "E5"}) {
+        EXPECT_EQ(Run(command + "<FD" + (command == "E5" ? "" : "00"), 0, "", 2), 0) << command;
+        EXPECT_EQ(BajtyOdebrane[255] + BajtyOdebrane[1], 0xFD) << "its status is set aside";
+    }
+}
+
+TEST_F(Exchange, AcknowledgementOtherThanAck) {
+    for (const auto& [byte, normal] :
+         {std::pair("15", 24), {"01", 101}, {"65", 201}, {"C8", 26}, {"86", 23}}) {
+        const int plain = normal == 24 ? 24 : 23;
+        EXPECT_EQ(Run(std::string("D5<") + byte, 2, "0102", 1), normal);
+        EXPECT_EQ(Run(std::string("D5<") + byte, 2, "0102", 1, 1), plain);
+        os.calls.clear();
+        os.Answer(FromText(byte));
+        EXPECT_EQ(Run("", 2, "0102", 1, 2), plain);
+        EXPECT_EQ(os.TakeCalls(), "") << "a continuation neither purges nor sends the command";
+    }
+    os.Answer({6});
+    EXPECT_EQ(Run(">0102<00", 1, "0102", 1, 2), 0) << "it goes on from the acknowledgement";
+}
+
+TEST_F(Exchange, StatusBytesBecomeErrorNumbers) {
+    for (int status = 1; status < 256; ++status) {
+        const bool named = (status > 1 && status <= 18 && status != 6) || status == 115 ||
+                           status == 117 || (status >= 100 && status <= 112 && status != 110) ||
+                           (status >= 120 && status <= 132);
+        const std::string answer =
+            Hex({static_cast<uint8_t>(status)}) + (status == 122 ? "FF34" : "");
+        const int unnamed = status == 19 ? 46 : 23;
+        ASSERT_EQ(Run("30>05<" + answer, 0, "05", 9), named ? status + 100 : unnamed);
+        if (status == 122) ExpectLanded("FF34");
+    }
+    EXPECT_EQ(Run("30>05<7A01", 0, "05", 1), 21) << "status 122 whose two bytes do not come";
+}
+
+TEST_F(Exchange, ListsOfRecordsEndAtTheirMark) {
+    // Model code, length of a record (0: the list has no early end), commands and first data byte.
+    using Heads = std::vector<std::string>;
+    for (const auto& [model, length, heads] : {
+             std::tuple(0, 13, Heads{"47>00", "48>00"}),
+             {0, 38, {"61>00", "A1>83"}},
+             {0, 17, {"A1>00", "A1>80"}},
+             {0, 21, {"A1>01"}},
+             {116, 30, {"A1>02", "A1>82"}},
+             {117, 33, {"A1>02"}},
+             {118, 33, {"A1>82"}},
+             {0, 12, {"A1>10"}},
+             {0, 11, {"A2>00", "A3>00", "A5>00"}},
+             {0, 16, {"AD>00", "AE>00"}},
+             {0, 29, {"D5>00", "D6>00"}},
+             {0, 4, {"E7>00"}},
+             {0, 20, {"E9>00", "EE>00"}},
+             {0, 8, {"EA>00"}},
+             {0, 0, {"30>00", "A1>04"}},
+         }) {
+        SzczegoloweDaneOTypieUrzadzenia.kodTypu = static_cast<uint8_t>(model);
+        // FF inside a record does not end the list, at its beginning it does.
+        const std::string records = "01,FFx" + std::to_string(length == 0 ? 98 : length);
+        for (const std::string& head : heads) {
+            EXPECT_EQ(Run(head + "<00," + records, 0, &head[3], 100), 0) << head;
+            ExpectLanded(records);
+            const std::string empty = length == 0 ? records : "FF";
+            EXPECT_EQ(Run(head + "<00," + empty, 0, &head[3], 100), 0) << head;
+        }
+    }
+    for (const std::string command : {"0A", "0B"}) {
+        EXPECT_EQ(Run(command + "<06,01,FFx27", 110, "", 0), 0);
+        EXPECT_EQ(Run(command + "<06,FFx108", 109, "", 0), 0) << "only with 110 bytes";
+        EXPECT_EQ(Run(command + "<06,FFx109,00", 110, "", 1), 0) << "only with no answer after it";
+    }
+}
+
+TEST_F(Exchange, ALinkThatFailsIsTwentyOrTwentyOneAfterOneTimeout) {
+    for (const char* conversation : {"FE", "FE<06", "FE<0601"}) {
+        const uint64_t start = os.now_ms;
+        EXPECT_EQ(Run(conversation, 3, "", 0), 21);
+        EXPECT_EQ(os.now_ms - start, 3000u);
+    }
+    os.peer = nullptr;
+    for (uint32_t bytes = 0; bytes < 5; ++bytes) {
+        for (Optimize = 0; Optimize < 2; ++Optimize) {
+            os.writable_bytes = bytes;
+            EXPECT_EQ(Run("", 0, "010203", 1), 20) << bytes;
+        }
+    }
+    OdinicjujPortSzeregowy();
+    EXPECT_EQ(Run("", 1, "", 0), 20) << "a closed port";
+}
+
+TEST_F(Exchange, OptimizedDataLeaveInOneWriteAndStaleInputIsDiscardedFirst) {
+    for (Optimize = 0; Optimize < 2; ++Optimize) {
+        EXPECT_EQ(Run("07>010203", 0, "010203", 0), 0);
+        EXPECT_EQ(os.writes.back(), Optimize ? 3u : 1u);
+    }
+    os.calls.clear();
+    os.Answer({0x15, 0x15});
+    device.Play("FE<060102");
+    PoslanieSekwencjiSterujacej(0xFE, 3, 0, 0);
+    EXPECT_EQ(NumerBledu + LicznikBajtowOdebranych, 3);
+    EXPECT_EQ(std::exchange(os.discarded_bytes, 0), 2u);
+    EXPECT_EQ(os.TakeCalls(), "purge out; purge in");
+}
+
+TEST_F(Exchange, NivoNeedsItsKeyboardHardware) {
+    KomunikacjaDlaNivy = 1;
+    // The modem lines while RTS is low and high: DSR 20, carrier 80. DSR has to follow RTS.
+    for (const auto& [lines, required, reason] : {std::tuple("0000", 1, 256),
+                                                  {"A0A0", 1, 256},
+                                                  {"0020", 1, 257},
+                                                  {"80A0", 1, 0},
+                                                  {"0000", 0, 0}}) {
+        WymaganySprzetDoFunkcjiSpecjalnych = static_cast<uint8_t>(required);
+        std::ranges::copy(FromText(lines), os.modem_lines);
+        EXPECT_EQ(Run(reason == 0 ? "23<06" : "", 1, "", 0), reason == 0 ? 0 : 57);
+        EXPECT_EQ(DlaczegoNiemozliwaFunkcjaSpecjalna, reason);
+    }
+    os.calls.clear();
+    WykrytoHardwareKlawiaturySpecjalnej();
+    EXPECT_EQ(os.TakeCalls(), "RTS on; sleep 100; modem lines; RTS off; sleep 100; modem lines");
+}
+
+}  // namespace
