@@ -99,7 +99,9 @@ KORAX_API int32_t KORAX_CALL CommunicationEnd(void);
 
 /* Opens the port alone, with separate time-outs; a port that is open is closed first. Establishes
  * no session: the next function that talks to the device starts one with CommunicationInit's
- * values. Port          COM port 1 to 255; only its low byte is used BaudRate      baud
+ * values.
+ *   Port          COM port 1 to 255; only its low byte is used
+ *   BaudRate      baud
  *   WriteTimeout  seconds, 0 or more
  *   ReadTimeout   seconds, 0 or more; 0 = do not wait for bytes to come
  * Errors: 2. */

@@ -42,8 +42,8 @@ class PseudoTerminal {
 /// A symbolic link to the device for as long as this lives.
 class DeviceLink {
   public:
-    /// Replaces a link that leads nowhere, or to this device, as a killed run leaves it; anything
-    /// else in the way is an error (std::system_error).
+    /// Replaces the link of a run that was killed. The link of a run that lives, or anything else
+    /// in the way, is an error (std::system_error).
     DeviceLink(std::filesystem::path link, const std::string& device);
     ~DeviceLink();
     DeviceLink(const DeviceLink&) = delete;
@@ -54,6 +54,7 @@ class DeviceLink {
 
     std::filesystem::path link_;
     std::string device_;
+    Descriptor claim_;
 };
 
 }  // namespace koraxsim

@@ -1,10 +1,13 @@
 // A whole day on every device type: what a type has works, what it lacks is refused with its
 // number.
 #include <algorithm>
-#include <fstream>
 #include <functional>
 
+#include <fmt/format.h>
+#include <unistd.h>
+
 #include "scenario/shop.h"
+#include "support/logo_file.h"
 
 namespace {
 
@@ -22,18 +25,6 @@ struct Service {
     int32_t refusal;     // of the others
     std::function<int32_t()> call;
 };
-
-// A column of 8 dots on the left, in the format of the logo files.
-std::string LogoFile() {
-    const std::string name = testing::TempDir() + "koraxdr-logo.bmp";
-    std::string bytes(62 + 64 * 24, '\xFF');
-    const std::string head = {'B', 'M', 0,      0, 0, 0, 0,  0, 0, 0, 62, 0, 0, 0, 40, 0,
-                              0,   0,   '\xC0', 0, 0, 0, 64, 0, 0, 0, 1,  0, 1, 0, 0,  0};
-    bytes.replace(0, 62, std::string(62, '\0')).replace(0, head.size(), head);
-    for (size_t row = 0; row < 64; ++row) bytes[62 + 24 * row] = '\0';
-    std::ofstream(name, std::ios::binary) << bytes;
-    return name;
-}
 
 class Day : public Shop, public testing::WithParamInterface<int> {
   protected:
@@ -103,7 +94,7 @@ class Day : public Shop, public testing::WithParamInterface<int> {
              [&] { return pWriteFooterLines("Do jutra", "", ""); }},
             {"pReadFooterLines", kFooters, 213,
              [&] { return pReadFooterLines(line[0], line[1], line[2]); }},
-            {"pWriteLogo", kLogos, 224, [&] { return pWriteLogo(LogoFile().c_str()); }},
+            {"pWriteLogo", kLogos, 224, [&] { return pWriteLogo(logo_.name()); }},
             {"pWriteECRCashierCode", kAll, 0, [&] { return pWriteECRCashierCode(7, "Ewa"); }},
             {"WriteUserQuorra", kAll, 0, [&] { return WriteUserQuorra(1, 1, "Kasa"); }},
             {"WriteLineFeed", kAll, 0, [&] { return WriteLineFeed(2); }},
@@ -222,6 +213,7 @@ class Day : public Shop, public testing::WithParamInterface<int> {
     }
 
     sim::RateAmounts sold_{};
+    const LogoFile logo_{fmt::format("{}korax-day-{}.bmp", testing::TempDir(), getpid())};
 };
 
 TEST_P(Day, IsLivedThroughAndItsReportSaysWhatWasSold) {

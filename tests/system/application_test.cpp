@@ -1,20 +1,21 @@
 // An application written from the header alone, against koraxsim over a pseudo-terminal.
-#include <cstring>
 #include <regex>
 
 #include "koraxdr.h"
-#include "simulator_process.h"
+#include "support/logo_file.h"
+#include "system/simulator_process.h"
 
 namespace {
 
-using system_tests::Process;
+using system_tests::Contents;
+using system_tests::kPort;
+using system_tests::RunExample;
 using system_tests::ScratchFolder;
 using system_tests::Simulator;
 
-constexpr int32_t kPort = 3;
+constexpr int32_t kAbsentPort = 200;
 
-int32_t Connect(const Simulator& simulator, int32_t timeout_s = 5) {
-    EXPECT_EQ(0, SetPortDevice(kPort, simulator.link().c_str()));
+int32_t Connect(int32_t timeout_s = 5) {
     return CommunicationInit(kPort, 9600, timeout_s);
 }
 
@@ -27,7 +28,7 @@ class OnEveryType : public testing::TestWithParam<int> {
 
 TEST_P(OnEveryType, SellsPaysCancelsAndRecovers) {
     const Simulator simulator(GetParam());
-    ASSERT_EQ(0, Connect(simulator));
+    ASSERT_EQ(0, Connect());
     EXPECT_EQ(GetParam(), xDeviceType());
 
     ASSERT_EQ(0, ReceiptBegin());
@@ -67,40 +68,73 @@ INSTANTIATE_TEST_SUITE_P(DeviceTypes, OnEveryType, testing::Range(1, 14));
 TEST(Application, GoesOnWithAPortThatVanishedAndReturned) {
     {
         Simulator simulator(10);
-        ASSERT_EQ(0, Connect(simulator));
+        ASSERT_EQ(0, Connect());
         ASSERT_EQ(0, ReceiptBegin());
-        EXPECT_EQ(0, simulator.Stop(SIGINT));
+        EXPECT_EQ(0, simulator.Stop());
         const int32_t error = pReceiptItemEx(1, "Cukier", 1, 0, 1, 0, "kg", 400);
         EXPECT_TRUE(error == 20 || error == 21) << error;
         EXPECT_EQ(2, CommunicationInit(kPort, 9600, 1));
     }
     const Simulator returned(10);
-    EXPECT_EQ(0, Connect(returned));
+    EXPECT_EQ(0, Connect());
     EXPECT_EQ(0, ReceiptBegin());  // the new device knows of no open receipt
     EXPECT_EQ(0, ReceiptCancel());
     CommunicationEnd();
 }
 
 TEST(Application, TellsAbsentAndTakenPorts) {
-    ASSERT_EQ(0, SetPortDevice(kPort, "/nowhere/at/all"));
-    EXPECT_EQ(2, CommunicationInit(kPort, 9600, 1));
-    EXPECT_EQ(2, OpenPort(kPort, 9600, 1, 1));
-    EXPECT_EQ(225, SetPortDevice(kPort, nullptr));
-    EXPECT_EQ(215, SetPortDevice(0, "/dev/null"));
-    EXPECT_EQ(215, SetPortDevice(256, "/dev/null"));
-    EXPECT_EQ(215, SetPortDevice(kPort, std::string(257, 'x').c_str()));
-    EXPECT_EQ(215, LastError());
-    ASSERT_EQ(0, SetPortDevice(kPort, "/dev/null"));
-    EXPECT_EQ(2, CommunicationInit(kPort, 9600, 1));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(2, CommunicationInit(kAbsentPort, 9600, 1));
+        EXPECT_EQ(2, OpenPort(kAbsentPort, 9600, 1, 1));
+    }
+    const Simulator simulator(10);
+    const std::string output = ScratchFolder() + "/taken";
+    ASSERT_EQ(0, Connect());
+    EXPECT_EQ(1, RunExample("receipt", kPort, output));
+    EXPECT_NE(std::string::npos, Contents(output).find("CommunicationInit: 2,"));
+    EXPECT_EQ(10, xDeviceType());  // the one that has the port goes on
+    CommunicationEnd();
+    EXPECT_EQ(0, RunExample("receipt", kPort, output)) << Contents(output);
+}
+
+TEST(Application, ReopensAsOftenAsItLikes) {
+    const Simulator simulator(8);
+    for (int i = 0; i < 5; ++i) {
+        ASSERT_EQ(0, Connect());
+        EXPECT_EQ(8, xDeviceType());
+        EXPECT_EQ(0, i % 2 == 0 ? CommunicationEnd() : ClosePort());
+    }
+}
+
+TEST(Application, GivesUpOnASilentDeviceWhenTheTimeIsOver) {
+    const Simulator simulator(10, {"--fault", "silent"});
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(21, Connect(2));
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    EXPECT_GT(passed.count(), 1.9);
+    EXPECT_LT(passed.count(), 10);
+}
+
+TEST(Application, SendsTheLogoOfAFile) {
+    const std::string printed = ScratchFolder() + "/logo.pbm";
+    const LogoFile file(ScratchFolder() + "/logo.bmp");
+    Simulator simulator(11, {"--logo", printed});
+    ASSERT_EQ(0, Connect());
+    EXPECT_EQ(0, pWriteLogo(file.name()));
+    EXPECT_EQ(236, pWriteLogo((ScratchFolder() + "/no-such-file").c_str()));
+    CommunicationEnd();
+    EXPECT_EQ(0, simulator.Stop());
+    std::string expected = "P4\n192 64\n";
+    for (int row = 0; row < 64; ++row) expected += '\xFF' + std::string(23, '\0');
+    EXPECT_EQ(expected, Contents(printed));
 }
 
 TEST(Example, ReceiptPrintsTheTotalThatTheLibraryWorkedOut) {
     for (const int type : {5, 7, 10}) {
         const Simulator simulator(type);
-        const auto output = ScratchFolder() / "receipt.out";
-        Process receipt({EXAMPLES_DIR "/receipt", simulator.link().string()}, output);
-        EXPECT_EQ(0, receipt.Wait()) << system_tests::Contents(output);
-        const std::string said = system_tests::Contents(output);
+        const std::string output = ScratchFolder() + "/receipt.out";
+        EXPECT_EQ(0, RunExample("receipt", kPort, output));
+        const std::string said = Contents(output);
         std::smatch total;
         ASSERT_TRUE(std::regex_search(said, total, std::regex("total (\\d+,\\d\\d)"))) << said;
         const std::regex line("SUMA.* " + total[1].str());
@@ -108,19 +142,11 @@ TEST(Example, ReceiptPrintsTheTotalThatTheLibraryWorkedOut) {
     }
 }
 
-TEST(Koraxsim, EndsCleanlyAndLeavesNoLink) {
-    for (const int signal : {SIGINT, SIGTERM}) {
-        Simulator simulator(4);
-        EXPECT_EQ(0, simulator.Stop(signal));
-        EXPECT_FALSE(std::filesystem::is_symlink(simulator.link()));
-    }
-}
-
 TEST(Example, DayIsLivedThroughOnEveryType) {
     for (int type = 1; type <= 13; ++type) {
         const Simulator simulator(type);
-        const auto output = ScratchFolder() / "day.out";
-        Process day({EXAMPLES_DIR "/day", simulator.link().string()}, output);
-        EXPECT_EQ(0, day.Wait()) << "type " << type << '\n' << system_tests::Contents(output);
+        const std::string output = ScratchFolder() + "/day.out";
+        EXPECT_EQ(0, RunExample("day", kPort, output)) << "type " << type << '\n'
+                                                       << Contents(output);
     }
 }

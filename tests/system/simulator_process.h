@@ -1,13 +1,10 @@
-// A running koraxsim, with a stable link to its pseudo-terminal and its paper.
+// What the system tests need of the machine: running programs, a koraxsim behind a port. posix/ has
+// it at first hand; wine/ runs inside Wine and asks the development system's shell for it.
 #pragma once
 
-#include <fcntl.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <filesystem>
+#include <chrono>
+#include <csignal>
+#include <cstdint>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -16,88 +13,72 @@
 
 #include "gtest/gtest.h"
 
-extern char** environ;
-
 namespace system_tests {
 
-// A folder of this run alone, gone when it ends.
-inline const std::filesystem::path& ScratchFolder() {
-    static const struct Folder {
-        std::filesystem::path path;
-        Folder() {
-            std::string name = (std::filesystem::temp_directory_path() / "koraxdr-XXXXXX").string();
-            path = mkdtemp(name.data());
-        }
-        ~Folder() { std::filesystem::remove_all(path); }
-    } folder;
-    return folder.path;
-}
+using Arguments = std::vector<std::string>;
 
-// Runs a program with its output in a file; waits for it unless told otherwise.
+/// A folder of this run alone, by the name that the simulator knows it by; gone when the run ends.
+const std::string& ScratchFolder();
+
+/// A program of the development system, its output in a file. Killed when this goes first.
 class Process {
   public:
-    Process(const std::vector<std::string>& arguments, const std::filesystem::path& output) {
-        std::vector<char*> argv;
-        for (const std::string& argument : arguments) {
-            argv.push_back(const_cast<char*>(argument.c_str()));
-        }
-        argv.push_back(nullptr);
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                         0600);
-        if (posix_spawn(&pid_, argv[0], &actions, nullptr, argv.data(), environ) != 0) pid_ = -1;
-        posix_spawn_file_actions_destroy(&actions);
-        EXPECT_GT(pid_, 0) << arguments[0];
-    }
-    ~Process() {
-        if (pid_ > 0) Stop(SIGKILL);
-    }
+    Process(const Arguments& arguments, const std::string& output);
+    ~Process();
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
 
-    int Wait() {
-        int status = -1;
-        if (pid_ > 0) waitpid(pid_, &status, 0);
-        pid_ = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-    int Stop(int signal) {
-        kill(pid_, signal);
-        return Wait();
-    }
+    int Wait();  // its exit status, or -1
+    int Stop(int signal);
 
   private:
-    pid_t pid_ = -1;
+    int64_t id_ = 0;  // 0: ended
 };
 
-inline std::string Contents(const std::filesystem::path& file) {
+/// The name under which a device appears as this port, and what makes the library look there.
+std::string DeviceOf(int32_t port);
+void NamePort(int32_t port);
+
+/// Runs one of the example programs, on this port, to its end: its exit status.
+int RunExample(const std::string& name, int32_t port, const std::string& output);
+
+inline std::string Contents(const std::string& file) {
     std::ostringstream text;
-    text << std::ifstream(file).rdbuf();
+    text << std::ifstream(file, std::ios::binary).rdbuf();
     return text.str();
 }
 
+inline constexpr int32_t kPort = 23;
+
+/// A running koraxsim behind a port.
 class Simulator {
   public:
-    explicit Simulator(int type, const std::string& name = "korax")
-        : link_(ScratchFolder() / name),
-          paper_(ScratchFolder() / (name + ".paper")),
-          process_({KORAXSIM_PROGRAM, "--type", std::to_string(type), "--link", link_.string()},
-                   paper_) {
+    explicit Simulator(int type, const Arguments& more = {}, int32_t port = kPort)
+        : port_(port),
+          paper_(ScratchFolder() + "/paper" + std::to_string(port)),
+          process_(Command(type, more, port), paper_) {
+        NamePort(port);
         for (int tries = 0; tries < 3000 && Paper().find('\n') == std::string::npos; ++tries) {
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }
-        EXPECT_TRUE(std::filesystem::exists(link_));
+        EXPECT_NE(std::string::npos, Paper().find('\n')) << "koraxsim does not start";
     }
+    ~Simulator() { Stop(); }
 
-    const std::filesystem::path& link() const { return link_; }
+    int32_t port() const { return port_; }
     std::string Paper() const { return Contents(paper_); }
     int Stop(int signal = SIGTERM) { return process_.Stop(signal); }
 
   private:
-    std::filesystem::path link_;
-    std::filesystem::path paper_;
+    static Arguments Command(int type, const Arguments& more, int32_t port) {
+        Arguments command = {KORAXSIM_PROGRAM, "--type", std::to_string(type), "--link",
+                             DeviceOf(port)};
+        command.insert(command.end(), more.begin(), more.end());
+        return command;
+    }
+
+    int32_t port_;
+    std::string paper_;
     Process process_;
 };
 

@@ -5,7 +5,7 @@
 #include <regex>
 #include <set>
 
-#include "simulator_process.h"
+#include "system/simulator_process.h"
 
 namespace {
 
