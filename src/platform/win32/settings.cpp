@@ -1,4 +1,7 @@
+#include <algorithm>
+
 #include "platform/win32/handle.h"
+#include "platform/win32/pace.h"
 
 namespace platform {
 namespace {
@@ -45,15 +48,22 @@ BOOL SetControlBlock(HANDLE file, const LineSettings& settings) {
     return SetCommState(file, &block);
 }
 
+// Longer than any call waits, and short of the value that means something else.
+constexpr uint32_t kLongestTimeoutS = 4'000'000;
+
+DWORD Milliseconds(uint32_t seconds) {
+    return std::min(seconds, kLongestTimeoutS) * 1000;
+}
+
 BOOL SetTimeouts(HANDLE file, const LineSettings& settings) {
-    const DWORD read_ms = settings.read_timeout_s * 1000;
+    const DWORD read_ms = Milliseconds(settings.read_timeout_s);
     COMMTIMEOUTS timeouts{};
     if (!GetCommTimeouts(file, &timeouts)) return FALSE;
     // The greatest interval with no total time: a read returns at once with what is queued.
     timeouts.ReadIntervalTimeout = settings.read_timeout_s == 0 ? MAXDWORD : read_ms;
     timeouts.ReadTotalTimeoutMultiplier = 0;
     timeouts.ReadTotalTimeoutConstant = read_ms;
-    timeouts.WriteTotalTimeoutConstant = settings.write_timeout_s * 1000;
+    timeouts.WriteTotalTimeoutConstant = Milliseconds(settings.write_timeout_s);
     return SetCommTimeouts(file, &timeouts);
 }
 
@@ -67,6 +77,7 @@ BOOL ClearErrors(HANDLE file) {
 
 uint32_t ApplySettings(LineHandle line, const LineSettings& settings) {
     const HANDLE file = FileOf(line);
+    SetPace(settings);
     const bool applied = SetControlBlock(file, settings) &&
                          SetupComm(file, kInputQueue, kOutputQueue) &&
                          SetTimeouts(file, settings) && SetCommMask(file, kAllEvents) &&

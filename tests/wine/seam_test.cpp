@@ -1,0 +1,161 @@
+// What the driver asks of Windows, call by call.
+#include <filesystem>
+
+#include "gtest/gtest.h"
+#include "koraxdr.h"
+#include "platform/clock.h"
+#include "port/portpro.h"
+#include "port/sysseria.h"
+#include "system/simulator_process.h"
+#include "trace/message.h"
+#include "wine/call_recorder.h"
+
+namespace {
+
+using call_recorder::Taken;
+using call_recorder::TheCalls;
+
+class Win32Calls : public testing::Test {
+  protected:
+    static void SetUpTestSuite() { call_recorder::Install(); }
+    void SetUp() override { TheCalls() = {}; }
+    void TearDown() override {
+        TheCalls() = {};
+        UnInitializePort();
+    }
+};
+
+const std::string kOpened =
+    "CreateFileA \\\\.\\COM7 C0000000 0 0 3 80 0\nWaitForSingleObject 100\n";
+// Binary, parity checked, output on CTS, abort on error; nothing else is left of the line's past.
+const std::string kApplied =
+    "GetCommState 28\nSetCommState 28 4800 4007 xon0 xoff0 820 chars00000\nSetupComm 4096 2048\n"
+    "GetCommTimeouts\nSetCommTimeouts BB8 0 3000 7070707 2000\nSetCommMask 1FF\nClearCommError\n"
+    "GetFileType\n";
+const std::string kPurged = "PurgeComm 5\nPurgeComm 10\n";
+
+}  // namespace
+
+TEST_F(Win32Calls, OpenALineWithExactlyTheseSettings) {
+    UstawCTS(0);  // has no effect: output waits for CTS on every line that is opened
+    EXPECT_EQ(0u, InitializePort(7, 4800, 2, 3));
+    EXPECT_EQ(kOpened + kApplied + "WaitForSingleObject 100\n", Taken());
+    EXPECT_EQ(0u, UnInitializePort());
+    EXPECT_EQ("CloseHandle\n", Taken());
+
+    // No time-out for reading: what is queued, at once.
+    EXPECT_EQ(0u, pInitializeLPTPort(2, 19200, 0, 0));
+    const std::string calls = Taken();
+    EXPECT_EQ(0u, calls.find("CreateFileA \\\\.\\LPT2 C0000000 0 0 3 80 0\n"));
+    EXPECT_NE(std::string::npos, calls.find("SetCommTimeouts FFFFFFFF 0 0 7070707 0\n")) << calls;
+}
+
+TEST_F(Win32Calls, ThatFailCloseTheLineAndGiveTheirError) {
+    for (const char* failing :
+         {"CreateFileA", "GetCommState", "SetCommState", "SetupComm", "GetCommTimeouts",
+          "SetCommTimeouts", "SetCommMask", "ClearCommError", "GetFileType"}) {
+        TheCalls().failing = failing;
+        SetLastError(call_recorder::kFailure);
+        EXPECT_EQ(call_recorder::kFailure, InitializePort(7, 4800, 2, 3)) << failing;
+        std::string upto = kOpened + kApplied;
+        upto.resize(upto.find('\n', upto.find(std::string("\n") + failing) + 1) + 1);
+        if (failing == std::string("CreateFileA"))
+            upto = "CreateFileA \\\\.\\COM7 C0000000 0 0 3 80 0\n";
+        else
+            upto += "CloseHandle\n";
+        EXPECT_EQ(upto, Taken()) << failing;
+        EXPECT_EQ(2u, ClearPort());
+        EXPECT_EQ(2u, SetSerialParameters());
+        uint8_t read = 0;
+        EXPECT_FALSE(WriteByte(1) || ReadByte(read) || SetDTRLine());
+        EXPECT_EQ("", Taken()) << "nothing is asked of a closed line";
+    }
+}
+
+TEST_F(Win32Calls, MoveBytesAllOrNot) {
+    ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
+    Taken();
+    const uint8_t bytes[] = {0x1B, 0x23};
+    uint8_t read = 0;
+    EXPECT_TRUE(PoslanoCiagBajtow1(bytes, 2) && WriteByte(0x06) && ReadByte(read));
+    EXPECT_EQ(0x5A, read);
+    EXPECT_EQ("WriteFile 2 1B\nWriteFile 1 06\nReadFile 1\n", Taken());
+    TheCalls().moved = {{"WriteFile", 1}, {"ReadFile", 0}};
+    EXPECT_FALSE(PoslanoCiagBajtow1(bytes, 2) || ReadByte(read)) << "the time-out has passed";
+    TheCalls().moved = {};
+    for (const char* failing : {"WriteFile", "ReadFile"}) {
+        TheCalls().failing = failing;
+        EXPECT_FALSE(failing[0] == 'W' ? WriteByte(1) : ReadByte(read));
+    }
+    TheCalls().failing = "PurgeComm";
+    Taken();
+    EXPECT_EQ(call_recorder::kFailure, ClearPort());
+    EXPECT_EQ("PurgeComm 5\n", Taken());
+}
+
+// A purge would throw away what an adapter has taken but the line has not carried yet.
+TEST_F(Win32Calls, PurgeNothingThatIsStillOnItsWay) {
+    const uint8_t item[51] = {};
+    ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
+    ClearPort();
+    Taken();
+    ClearPort();
+    EXPECT_EQ(kPurged, Taken()) << "nothing was written";
+    EXPECT_TRUE(PoslanoCiagBajtow1(item, sizeof item));
+    ClearPort();
+    std::string calls = Taken();
+    int ms = 0;
+    ASSERT_EQ(1, std::sscanf(calls.c_str(), "WriteFile 51 00\nSleepEx %d 0\n", &ms)) << calls;
+    EXPECT_TRUE(ms > 51 * 11 * 1000 / 4800 / 2 && ms <= 51 * 11 * 1000 / 4800 + 1) << ms;
+    TheCalls().moved = {{"WriteFile", 50}};
+    EXPECT_FALSE(PoslanoCiagBajtow1(item, sizeof item));
+    ClearPort();
+    EXPECT_EQ("WriteFile 51 00\n" + kPurged, Taken()) << "a line that blocks is not waited for";
+}
+
+TEST_F(Win32Calls, OfTheOtherOperationsOfAPort) {
+    const struct {
+        const char* calls;
+        bool (*operation)();
+    } rows[] = {
+        {"EscapeCommFunction 5\n", SetDTRLine},
+        {"EscapeCommFunction 6\n", ClearDTRLine},
+        {"EscapeCommFunction 3\n", SetRTSLine},
+        {"EscapeCommFunction 4\n", ClearRTSLine},
+        {"GetCommModemStatus\n", [] { return ModemStatus() == 0xF0; }},
+        {kPurged.c_str(), [] { return ClearPort() == 0; }},
+        {"FlushFileBuffers\nWaitForSingleObject 4\n", [] { return CharSent(), true; }},
+        {"SleepEx 12 0\n", [] { return platform::SleepMs(12), true; }},
+        {"CreateFileA \\\\.\\COM12 C0000000 0 0 3 80 0\nCloseHandle\n",
+         [] { return SerialPortPresent(12); }},
+        {"MessageBoxA 0 'Sent to function pErrMessage:\n1.ErrNo: 5\n' 'DEBUG MODE' 64\n",
+         [] {
+             char text[256];
+             SetDebugMode();
+             const bool shown = pErrMessage(5, text) == 0;
+             ClearDebugMode();
+             return shown;
+         }},
+    };
+    ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
+    Taken();
+    for (const auto& row : rows) {
+        EXPECT_TRUE(row.operation()) << row.calls;
+        EXPECT_EQ(row.calls, Taken());
+    }
+    EXPECT_TRUE(ChangeParity(1));
+    std::string odd = kApplied;
+    EXPECT_EQ(kPurged + "WaitForSingleObject 50\n" + odd.replace(odd.find("820"), 3, "810") +
+                  "WaitForSingleObject 100\n",
+              Taken());
+}
+
+TEST(Trace, AppendsItsLinesInTheSystemsTextFormat) {
+    const auto folder = std::filesystem::current_path();
+    std::filesystem::current_path(system_tests::ScratchFolder());
+    Printf(0, "abc");
+    Printf(0, "n=%d3;", 7);
+    std::filesystem::current_path(folder);
+    EXPECT_EQ("***DEBUG*abc\r\n***DEBUG*n=007;\r\n\r\n",
+              system_tests::Contents(system_tests::ScratchFolder() + "/debug.txt"));
+}
