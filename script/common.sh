@@ -29,3 +29,12 @@ build_preset() {
     shift
     cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}
 }
+
+# as_root command...: with sudo where that is needed.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}

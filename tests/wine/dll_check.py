@@ -1,0 +1,21 @@
+"""The DLL as the linker made it: dll_check.py OBJDUMP DLL EXPORTS_TXT HEX_CHARACTERISTICS"""
+import re
+import subprocess
+import sys
+
+objdump, dll, exports, characteristics = sys.argv[1:]
+shown = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True).stdout
+
+with open(exports, encoding="utf-8") as file:
+    lines = [line.split() for line in file if line.strip() and not line.startswith("#")]
+wanted = {line[0] for line in lines if line[1:] != ["posix"]}
+table = shown.split("[Ordinal/Name Pointer] Table")[1].split("\n\n")[0]
+exported = set(re.findall(r"\[ *\d+\] (\S+)", table))
+assert len(wanted) > 50
+assert exported == wanted, exported ^ wanted
+
+imported = {name.lower() for name in re.findall(r"DLL Name: (\S+)", shown)}
+assert imported <= {"kernel32.dll", "msvcrt.dll", "user32.dll", "ws2_32.dll"}, imported
+
+found = re.search(r"DllCharacteristics\s+([0-9a-f]+)", shown)[1]
+assert int(found, 16) == int(characteristics, 16), found
