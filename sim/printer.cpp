@@ -18,7 +18,7 @@ std::string Scaled(std::int64_t number, int decimals) {
         "{:0{}}",
         number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number),
         decimals + 1);
-    if (decimals > 0) digits.insert(digits.size() - static_cast<std::size_t>(decimals), ",");
+    if (decimals > 0) digits.insert(digits.size() - static_cast<std::size_t>(decimals), 1, ',');
     return sign + digits;
 }
 

@@ -79,8 +79,8 @@ void PseudoTerminal::Write(std::span<const std::uint8_t> bytes) {
 
 // A serial port forgets that it was opened exclusively when its last user closes it. This one is
 // never closed for good, so a host that was killed would keep it from all others. And it drops the
-// parity bit: a host whose settings are there already, but for that, is told that they were refused.
-// So something that does nothing here is left for the next host to change.
+// parity bit: a host whose settings are there already, but for that, is told that they were
+// refused. So something that does nothing here is left for the next host to change.
 void PseudoTerminal::TakeDeparture() {
     std::array<char, 4096> events;
     while (read(watch_.get(), events.data(), events.size()) > 0) {

@@ -1,0 +1,62 @@
+"""Reads include/koraxdr.h: the exported functions in their order, with groups and comments."""
+import re
+from dataclasses import dataclass
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parent.parent
+HEADER = ROOT / "include/koraxdr.h"
+
+# A block comment, or the declaration of one function.
+TOKEN = re.compile(r"/\*(?P<comment>.*?)\*/|KORAX_API (?P<declaration>[^;#]*KORAX_CALL[^;#]*);", re.DOTALL)
+# What stands between these directives is not there on Windows.
+POSIX_ONLY = re.compile(r"^#if !defined\(_WIN32\)\n(.*?)^#endif", re.DOTALL | re.MULTILINE)
+DECLARATION = re.compile(r"(?P<result>.+?) ?(?P<name>\w+)\((?P<parameters>.*)\)")
+
+
+@dataclass(frozen=True)
+class Function:
+    name: str
+    result: str  # the C type, as "char*"
+    parameters: tuple  # of (C type, name)
+    posix_only: bool
+
+
+def plain(comment):
+    lines = [re.sub(r"^ ?\* ?", "", line).rstrip() for line in comment.strip().split("\n")]
+    return "\n".join(lines).strip()
+
+
+def signature(declaration):
+    return re.sub(r"\s+", " ", declaration.replace("KORAX_CALL ", ""))
+
+
+def entries(header):
+    """Yields ('intro' | 'group' | 'function', text, signatures)."""
+    comment, signatures = None, []
+    for token in TOKEN.finditer(header):
+        if token["declaration"]:
+            signatures.append(signature(token["declaration"]))
+            continue
+        if signatures:
+            yield "function", comment, signatures
+            signatures = []
+        elif comment is not None:
+            yield "intro", comment, []
+        comment = plain(token["comment"])
+        group = re.fullmatch(r"---- (.*) ----", comment)
+        if group:
+            yield "group", group[1], []
+            comment = None
+    if signatures:  # the comment behind the last declaration closes the header
+        yield "function", comment, signatures
+
+
+def function(one, header):
+    """The function that a signature of entries() declares."""
+    parts = DECLARATION.fullmatch(one)
+    parameters = [] if parts["parameters"] == "void" else parts["parameters"].split(", ")
+    return Function(
+        parts["name"],
+        parts["result"],
+        tuple(tuple(parameter.rsplit(" ", 1)) for parameter in parameters),
+        any(f" {parts['name']}(" in block for block in POSIX_ONLY.findall(header)))

@@ -1,0 +1,108 @@
+"""The Python binding on the finished library and the simulator: python_test.py KORAXSIM PROJECT"""
+import re
+import sys
+import unittest
+from pathlib import Path
+
+from simulator import simulator
+
+KORAXSIM, PROJECT = sys.argv[1], Path(sys.argv[2])
+sys.path.insert(0, str(PROJECT / "bindings/python"))
+import koraxdr
+
+DECLARATIONS = {
+    "bindings/python/koraxdr.py": r"^ *def ([px]?[A-Z]\w+)\(",
+    "bindings/csharp/Koraxdr.cs": r" extern \w+ (\w+)\(",
+    "bindings/pascal/koraxdr.pas": r"external KoraxLibrary name '(\w+)'"}
+
+
+class Declarations(unittest.TestCase):
+    def test_name_what_the_library_exports(self):
+        exports = re.findall(r"^(\w+)", (PROJECT / "src/exports.txt").read_text(), re.MULTILINE)
+        for file, pattern in DECLARATIONS.items():
+            names = re.findall(pattern, (PROJECT / file).read_text(encoding="utf-8"), re.MULTILINE)
+            self.assertEqual(sorted(exports), sorted(names), file)
+
+    def test_have_buffers_for_every_text(self):
+        header = " ".join((PROJECT / "include/koraxdr.h").read_text(encoding="utf-8").split())
+        sizes = re.findall(r"(\d+)(?: \*)? bytes", header)
+        self.assertGreater(len(sizes), 10)
+        self.assertLessEqual(max(map(int, sizes)), koraxdr._TEXT_BUFFER)
+
+
+class WithoutDevice(unittest.TestCase):
+    def test_error_numbers_are_raised(self):
+        koraxdr.SetPortDevice(1, "/nowhere/at/all")
+        with self.assertRaises(koraxdr.KoraxError) as raised:
+            koraxdr.CommunicationInit(1, 9600, 1)
+        error = raised.exception
+        self.assertEqual((2, "CommunicationInit"), (error.number, error.function))
+        self.assertTrue(error.text.startswith("Nie można otworzyć portu"), error.text)
+        with self.assertRaises(koraxdr.KoraxError):
+            koraxdr.xReceiptNumber()  # reports by LastError alone
+
+    def test_what_the_library_cannot_take_is_refused(self):
+        for wanted, call in (
+                (UnicodeEncodeError, lambda: koraxdr.pFillPayment(1, "Karta 中", 100, 0)),
+                (ValueError, lambda: koraxdr.pFillPayment(1, "Karta\0", 100, 0)),
+                (TypeError, lambda: koraxdr.pFillPayment(1, None, 100, 0)),
+                (TypeError, lambda: koraxdr.pFillPayment(1, "Karta", 1.5, 0)),
+                (OverflowError, lambda: koraxdr.pFillPayment(1, "Karta", 2**31, 0)),
+                (OverflowError, lambda: koraxdr.pFillPayment(1, "Karta", 0, -2**31 - 1)),
+                (OverflowError, lambda: koraxdr.InZnakiPolskie(256)),
+                (OverflowError, lambda: koraxdr.RSSequence(0x46, 256)),
+                (OverflowError, lambda: koraxdr.RSSequence(0x46, 1, bytes(256)))):
+            with self.assertRaises(wanted):
+                call()
+
+    def test_texts_come_and_go(self):
+        self.assertEqual("Żółwik" + " " * 34, koraxdr.NormNazwa("Żółwik"))
+        self.assertEqual(255, len(koraxdr.NormNazwa("a" * 1000)))
+        self.assertEqual(4, koraxdr.pCharsInArticleName("Żółw!"))
+
+
+class WithDevice(unittest.TestCase):
+    def setUp(self):
+        device, self.paper = self.enterContext(simulator(KORAXSIM, 11))
+        self.enterContext(koraxdr.session(str(device)))
+
+    def test_twins_give_the_same(self):
+        for p, x in (("pDllVersion", "xDllVersion"), ("pDeviceName", "xDeviceName"), ("pReadTotal", "xReadTotal"),
+                     ("pReadUniqueNumber", "xReadUniqueNumber"), ("ReadVAT", "xReadVAT"),
+                     ("IsCodePage1250", "xIsCodePage1250"), ("DailyReportNumber", "xDailyReportNumber")):
+            self.assertEqual(getattr(koraxdr, p)(), getattr(koraxdr, x)(), p)
+        self.assertEqual(koraxdr.DeviceType(), (koraxdr.xDeviceType(), koraxdr.xProgramVersion()))
+        self.assertEqual(koraxdr.ReadStatus(), tuple(map(koraxdr.xReadStatus, range(4))))
+        self.assertEqual((11, (7, 2300, 800)), (koraxdr.xDeviceType(), koraxdr.ReadVAT()[:3]))
+        self.assertRegex(koraxdr.pReadClock(), r"^\d\d\.\d\d\.\d\d;\d\d:\d\d")
+
+    def test_results_of_several_cells_are_tuples(self):
+        koraxdr.pInvoiceBegin("FV 1", "Łucja Żądło", "", "", "", "", "", "")
+        self.assertEqual(1330, koraxdr.pReceiptItem(1, "Sól kamienna", 1, 0, 1900, 3, "kg", 700))
+        self.assertEqual(5, koraxdr.pFillLines(Number=1, Line="Ósmy"))
+        koraxdr.ReceiptEnd(0)
+        self.assertEqual("1330", koraxdr.pReadTotal().strip())
+        self.assertEqual([int] * 7, [type(one) for one in koraxdr.pReadDailyTotalizers(1)])
+        self.assertEqual(2, len(koraxdr.pReadDailyCounters()))
+        koraxdr.WriteConfigBytes(3, 1, 2, 255)
+        self.assertEqual((1, 2, 255), koraxdr.ReadConfigBytes(3))
+        self.assertEqual((0, ""), koraxdr.CancellationReason())
+        printed = self.paper.read_text(encoding="utf-8")
+        for text in "Łucja Żądło", "Sól kamienna", "Ósmy":
+            self.assertIn(text, printed)
+
+    def test_texts_in_the_devices_code_page(self):
+        koraxdr.pWriteFooterLines("Zażółć", "gęślą", "jaźń")
+        self.assertEqual(("Zażółć", "gęślą", "jaźń"), tuple(map(str.rstrip, koraxdr.pReadFooterLines())))
+        self.assertEqual(0, koraxdr.LastError())
+        koraxdr.NonFiscalPrintoutBegin(1)
+        koraxdr.pAddNonFiscalPrintoutLine("Zażółć gęślą jaźń")
+        koraxdr.NonFiscalPrintoutEnd()
+        self.assertIn("Zażółć gęślą jaźń", self.paper.read_text(encoding="utf-8"))
+
+    def test_any_control_sequence(self):
+        self.assertEqual(1, len(koraxdr.RSSequence(0x46, 1, b"\2")))
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
