@@ -74,9 +74,10 @@ extern "C" {
 /* ---- Session ---- */
 
 /* Opens the session: stores the settings, opens the port (8 data bits, even parity, one stop bit,
- * flow control on CTS), checks that the device is ready to print and identifies it. A session that
- * stands is begun anew; payments, additional lines, deferred currency payments and totals that have
- * not been sent are forgotten, an open receipt's flags are kept.
+ * flow control on CTS), has the device cancel a receipt that it still has open and, if it had one,
+ * checks that it is ready to print, and identifies it. A session that stands is begun anew;
+ * payments, additional lines, deferred currency payments and totals that have not been sent are
+ * forgotten, an open receipt's flags are kept.
  *   Port      COM port 1 to 255; only its low byte is used
  *   BaudRate  9600 unless the device was set otherwise
  *   Timeout   seconds for sending and for receiving; 0 = do not wait for bytes to come
@@ -178,7 +179,8 @@ KORAX_API int32_t KORAX_CALL PrintControl(int32_t BeforePrinting);
 /* Opens a receipt and clears the totals.
  * Errors: 200 a receipt is open in the device; when the device refuses, the reason that
  * ReceiptConditions finds, or 24. A receipt that only the driver believes to be open is forgotten
- * first. */
+ * first. On types 5, 6 and 9 a printout that waits for paper shows as 224; PrintControl(1) gives
+ * 112. */
 KORAX_API int32_t KORAX_CALL ReceiptBegin(void);
 
 /* Why a receipt cannot be opened: 0, or the first reason found.
@@ -194,10 +196,9 @@ KORAX_API int32_t KORAX_CALL ReceiptConditions(void);
  *   DiscountSurcharge        percent 1 to 99 (any other value: no discount), or hundredths
  * Errors: 201 no receipt is open. After an error before the end itself the receipt stays open and
  * what was not sent stays stored. When the device refuses the end (24) the receipt counts as
- * closed; when it refuses it and no line had been printed the result is 0. Forms of payment are
- * sent on types 4, 8 and 10 to 13 only; on the others they stay stored. The lines are cut at 253
- * characters.
- */
+ * closed; when it refuses it and no line had been printed the result is 0, so a receipt that was
+ * begun, cancelled by a session start and ended gives 0 as well. Forms of payment are sent on types
+ * 4, 8 and 10 to 13 only; on the others they stay stored. The lines are cut at 253 characters. */
 KORAX_API int32_t KORAX_CALL ReceiptEndEx(int32_t DiscountSurcharge,
                                           int32_t TypeOfDiscountSurcharge);
 
@@ -216,7 +217,8 @@ KORAX_API int32_t KORAX_CALL ReceiptCancel(void);
  * A null Reason gives 225 with the code stored. */
 KORAX_API int32_t KORAX_CALL CancellationReason(int32_t* Code, char* Reason);
 
-/* Receipts since the last daily report, 0 to 65535. Receipt open: 200.
+/* Receipts since the last daily report, 0 to 65535. Receipt open: 200, in a new session too, until
+ * ReceiptBegin or ReceiptCancel has settled with the device what the driver believes.
  * Number must not be null: it is not checked. */
 KORAX_API int32_t KORAX_CALL ReceiptNumber(int32_t* Number);
 KORAX_API int32_t KORAX_CALL xReceiptNumber(void);
@@ -230,8 +232,9 @@ KORAX_API int32_t KORAX_CALL PrintResume(void);
 /* Sells an item, or takes back (corrects) a sold one.
  *   Sale         1 = sale, any other value = correction
  *   Name         article name. 28 characters are printed on types 1 to 4, 7 and 9 and on type 8
- * with a program version below 2; 40 on types 8 and 12; up to 120 on types 5, 6, 10, 11 and 13. On
- * types 7 and 9 pass no more than 28: a longer name reaches the device in a form that it refuses
+ *                with a program version below 2; 40 on types 8 and 12; up to 120 on types 5, 6,
+ *                10, 11 and 13. On types 7 and 9 pass no more than 28: a longer name reaches the
+ *                device in a form that it refuses
  *   TaxRate      1 to 7 = A to G
  *   Communicate  message number 0 to 7 sent with the line; 0 = none
  *   Quantity     1 to 99 999 999 on types 4, 8 and 10 to 13, else 1 to 999 999
@@ -242,7 +245,8 @@ KORAX_API int32_t KORAX_CALL PrintResume(void);
  *                quantity, half up) and write it here; any other value is sent as it is
  * The item is sent even when a check fails: the device decides. Then types 8 to 12 report the
  * failed check, the others forgive it when the device has taken the line (not with
- * OptimizeTransmission).
+ * OptimizeTransmission). Where the answer to a receipt's end was lost, the driver still believes it
+ * open: an item can then give 0 and be sold nowhere. After 20 or 21 begin the session anew.
  * Errors: 201 no receipt is open, 203 TaxRate, 204 Communicate, 205 Quantity, 206 QAC, 208 Price,
  * 209 Amount is not price times quantity, 227 the value exceeds 999 999 999 (of several the last in
  * this order; a value that was to be worked out is then not sent), 210 the device has cancelled the

@@ -150,8 +150,9 @@ namespace Koraxdr
         // ---- Session ----
 
         /// <summary>Opens the session: stores the settings, opens the port (8 data bits, even
-        /// parity, one stop bit, flow control on CTS), checks that the device is ready to print and
-        /// identifies it.</summary>
+        /// parity, one stop bit, flow control on CTS), has the device cancel a receipt that it
+        /// still has open and, if it had one, checks that it is ready to print, and identifies
+        /// it.</summary>
         [DllImport(Library, CallingConvention = Convention, ExactSpelling = true)]
         public static extern int CommunicationInit(int Port, int BaudRate, int Timeout);
 

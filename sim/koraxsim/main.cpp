@@ -1,5 +1,6 @@
 // koraxsim: a simulated fiscal device on a pseudo-terminal, its paper on standard output.
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 #include <poll.h>
 #include <sys/signalfd.h>
 
@@ -14,11 +15,13 @@
 #include <fstream>
 #include <map>
 #include <optional>
+#include <ranges>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "sim/device.h"
+#include "sim/koraxsim/inlet.h"
 #include "sim/koraxsim/outlet.h"
 #include "sim/koraxsim/pseudo_terminal.h"
 
@@ -89,8 +92,8 @@ std::vector<sim::DailyReport> PastDays(int count, std::chrono::sys_seconds today
 std::optional<int> ParseCommandLine(int argc, char** argv, Settings& settings) {
     CLI::App app{
         "A simulated fiscal device on a pseudo-terminal. Prints the name of the device to open, "
-        "then "
-        "the paper as it grows. Ends on Ctrl-C.",
+        "then the paper as it grows. The name of a fault as a line of input switches it on and "
+        "off. Ends on Ctrl-C.",
         "koraxsim"};
     app.set_version_flag("--version", "koraxsim " KORAXSIM_VERSION);
     app.add_option("--type", settings.device.type, "device type")
@@ -222,15 +225,17 @@ class Session {
 
     bool WaitForEvent(const Descriptor& signals) {
         const int line = from_host_.size() < kMostAhead ? line_.line() : -1;
-        std::array<pollfd, 5> events = {{{signals.get(), POLLIN, 0},
+        std::array<pollfd, 6> events = {{{signals.get(), POLLIN, 0},
                                          {line, POLLIN, 0},
                                          {line_.departures(), POLLIN, 0},
+                                         {panel_.waiting(), POLLIN, 0},
                                          {paper_.waiting(), POLLOUT, 0},
                                          {errors_.waiting(), POLLOUT, 0}}};
         const timespec limit{0, static_cast<long>(LongestWait().count())};
         if (ppoll(events.data(), events.size(), &limit, nullptr) < 0 && errno != EINTR)
             ThrowSystemError("poll");
         if (events[2].revents != 0) line_.TakeDeparture();
+        if (events[3].revents != 0) TurnSwitches();
         return events[0].revents != 0;
     }
 
@@ -247,6 +252,20 @@ class Session {
         WriteLogo();
         paper_.Flush();
         errors_.Flush();
+    }
+
+    void TurnSwitches() {
+        for (const std::string& name : panel_.TakeLines()) {
+            const auto fault = kFaults.find(name);
+            if (fault == kFaults.end()) {
+                errors_.Put(
+                    fmt::format("[faults] {}\n", fmt::join(std::views::keys(kFaults), " ")));
+                continue;
+            }
+            bool& on = device_.faults().*fault->second;
+            on = !on;
+            errors_.Put(fmt::format("[fault] {} {}\n", name, on ? "on" : "off"));
+        }
     }
 
     void ShowDisplay() {
@@ -280,6 +299,7 @@ class Session {
     std::optional<DeviceLink> link_;
     Outlet paper_{STDOUT_FILENO};
     Outlet errors_{STDERR_FILENO};
+    Inlet panel_;
     PacedBytes from_host_;
     PacedBytes to_host_;
     Clock::time_point told_ = Clock::now();  // up to when the device knows the time
