@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "platform/win32/handle.h"
-#include "platform/win32/pace.h"
 
 namespace platform {
 namespace {
@@ -77,7 +76,6 @@ BOOL ClearErrors(HANDLE file) {
 
 uint32_t ApplySettings(LineHandle line, const LineSettings& settings) {
     const HANDLE file = FileOf(line);
-    SetPace(settings);
     const bool applied = SetControlBlock(file, settings) &&
                          SetupComm(file, kInputQueue, kOutputQueue) &&
                          SetTimeouts(file, settings) && SetCommMask(file, kAllEvents) &&

@@ -1,14 +1,22 @@
+#include <utility>
+
 #include "platform/win32/handle.h"
-#include "platform/win32/pace.h"
 
 namespace platform {
 
-// By its contract a write returns when the bytes are gone. But serial adapters, and
-// pseudo-terminals under Wine, answer it earlier and would throw away here what the line has not
-// carried yet: it is given the time for that first. Where the write did return late, no time is
-// left to wait.
+namespace {
+
+// A write that failed may have left bytes behind.
+bool output_left = false;
+
+}  // namespace
+
+// A write returns when its bytes are gone, so after one that succeeded no output is pending. But
+// serial adapters, and pseudo-terminals under Wine, answer it before the line has carried the
+// bytes, and clearing the output would tear off the end of what was sent: it is done only when a
+// failed write has left something to clear.
 uint32_t PurgeOutput(LineHandle line) {
-    AwaitPacedWrites();
+    if (!std::exchange(output_left, false)) return 0;
     return ResultOf(PurgeComm(FileOf(line), PURGE_TXABORT | PURGE_TXCLEAR));
 }
 
@@ -18,9 +26,8 @@ uint32_t PurgeInput(LineHandle line) {
 
 uint32_t WriteBytes(LineHandle line, const uint8_t* bytes, uint32_t count) {
     DWORD moved = 0;
-    BeginPacedWrite(count);
     if (!WriteFile(FileOf(line), bytes, count, &moved, nullptr)) moved = 0;
-    if (moved != count) AbandonPacedWrites();
+    if (moved != count) output_left = true;
     return moved;
 }
 
