@@ -5,28 +5,21 @@ using static Koraxdr.Driver;
 
 internal static class TextTest
 {
-    private static bool IsRefused(char letter)
-    {
-        try
-        {
-            Text("Karta" + letter);
-            return false;
-        }
-        catch (ArgumentException)
-        {
-            return true;
-        }
-    }
-
     private static int Main()
     {
         int taken = 0;
         for (int letter = 0; letter <= char.MaxValue; ++letter)
         {
-            if (IsRefused((char)letter)) continue;
-            ++taken;
             string text = "Karta" + (char)letter;
-            if (ToText(Text(text)) != text) return 1;
+            try
+            {
+                if (ToText(Text(text)) != text) return 1;
+                ++taken;
+            }
+            catch (ArgumentException)
+            {
+                continue;
+            }
         }
         bool copied = Text("Żółw").SequenceEqual(new byte[] { 0xAF, 0xF3, 0xB3, (byte)'w', 0 });
         bool converted = DeviceText("Ż").SequenceEqual(new byte[] { 0xBD, 0 });

@@ -10,27 +10,14 @@ KORAXSIM, PROJECT = sys.argv[1], Path(sys.argv[2])
 sys.path.insert(0, str(PROJECT / "bindings/python"))
 import koraxdr
 
-DECLARATIONS = {
-    "bindings/python/koraxdr.py": r"^ *def ([px]?[A-Z]\w+)\(",
-    "bindings/csharp/Koraxdr.cs": r" extern \w+ (\w+)\(",
-    "bindings/pascal/koraxdr.pas": r"external KoraxLibrary name '(\w+)'"}
 
-
-class Declarations(unittest.TestCase):
-    def test_name_what_the_library_exports(self):
-        exports = re.findall(r"^(\w+)", (PROJECT / "src/exports.txt").read_text(), re.MULTILINE)
-        for file, pattern in DECLARATIONS.items():
-            names = re.findall(pattern, (PROJECT / file).read_text(encoding="utf-8"), re.MULTILINE)
-            self.assertEqual(sorted(exports), sorted(names), file)
-
-    def test_have_buffers_for_every_text(self):
+class WithoutDevice(unittest.TestCase):
+    def test_buffers_have_room_for_every_text(self):
         header = " ".join((PROJECT / "include/koraxdr.h").read_text(encoding="utf-8").split())
         sizes = re.findall(r"(\d+)(?: \*)? bytes", header)
         self.assertGreater(len(sizes), 10)
         self.assertLessEqual(max(map(int, sizes)), koraxdr._TEXT_BUFFER)
 
-
-class WithoutDevice(unittest.TestCase):
     def test_error_numbers_are_raised(self):
         koraxdr.SetPortDevice(1, "/nowhere/at/all")
         with self.assertRaises(koraxdr.KoraxError) as raised:

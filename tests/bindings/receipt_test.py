@@ -5,7 +5,7 @@ import subprocess
 import sys
 import unittest
 
-from simulator import simulator
+from simulator import simulator, wait_until
 
 KORAXSIM, *COMMAND = sys.argv[1:]
 
@@ -23,9 +23,8 @@ class Receipt(unittest.TestCase):
                 self.assertEqual(0, said.returncode, said)
                 total = re.search(r"^Receipt 1, total (\d+,\d\d)$", said.stdout, re.MULTILINE)
                 self.assertTrue(total, said)
-                printed = paper.read_text(encoding="utf-8")
-                self.assertRegex(printed, rf"SUMA.* {total[1]}\n")
-                self.assertIn("Jabłka ligol", printed)
+                wait_until(lambda: "SUMA PLN" in paper.read_text(encoding="utf-8"))
+                self.assertRegex(paper.read_text(encoding="utf-8"), rf"(?s)Jabłka ligol.*SUMA[^\n]* {total[1]}\n")
 
     def test_tells_an_absent_port(self):
         said = run("/nowhere/at/all")

@@ -5,14 +5,13 @@ import tempfile
 import time
 from pathlib import Path
 
-START_LIMIT_S = 60
+LIMIT_S = 60
 
 
-def wait_for(link, process):
-    deadline = time.monotonic() + START_LIMIT_S
-    while not link.exists():
-        if process.poll() is not None or time.monotonic() > deadline:
-            raise RuntimeError("the simulator did not come up")
+def wait_until(condition):
+    """Waits for what comes a moment later, as the paper does after the answer; or gives up."""
+    deadline = time.monotonic() + LIMIT_S
+    while not condition() and time.monotonic() < deadline:
         time.sleep(0.01)
 
 
@@ -25,7 +24,7 @@ def simulator(program, device_type=10):
             process = subprocess.Popen(
                 [program, "--type", str(device_type), "--link", link], stdin=subprocess.DEVNULL, stdout=output)
         try:
-            wait_for(link, process)
+            wait_until(lambda: link.exists() or process.poll() is not None)
             yield link, paper
         finally:
             process.terminate()

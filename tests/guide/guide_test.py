@@ -1,6 +1,7 @@
-"""The guide's C compiles, its programs run against koraxsim, its error texts are the library's.
+"""The guide's C compiles, its programs are the examples, which keep what it promises, and its error
+texts are the library's.
 
-    guide_test.py PROJECT C_COMPILER LIBRARY KORAXSIM
+    guide_test.py PROJECT C_COMPILER LIBRARY KORAXSIM EXAMPLES
 """
 import ctypes
 import os
@@ -10,47 +11,43 @@ import select
 import subprocess
 import sys
 import tempfile
-import time
 import tty
 import unittest
 from pathlib import Path
 
-PROJECT, COMPILER, LIBRARY, KORAXSIM = Path(sys.argv[1]), *sys.argv[2:5]
+PROJECT, COMPILER, LIBRARY, KORAXSIM, EXAMPLES = Path(sys.argv[1]), *sys.argv[2:6]
 GUIDE = (PROJECT / "docs/guide.md").read_text()
-SOLD = 0  # status of the guide's program "sale"
+FIRST, SALE = Path(EXAMPLES, "first"), Path(EXAMPLES, "sale")
+SOLD = 0  # status of "sale"
+sys.path.insert(0, str(PROJECT / "tests/bindings"))
+from simulator import simulator, wait_until
 
 
-class Simulator:
-    """A running koraxsim, and the way to it: a second pseudo-terminal that can break."""
+class Guide(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(self.enterContext(tempfile.TemporaryDirectory()))
+        self.device, self.paper = self.enterContext(simulator(KORAXSIM))
 
-    def __init__(self, folder):
-        self.link, self.paper = folder / "device", folder / "paper"
-        with self.paper.open("w") as paper:
-            self.process = subprocess.Popen([KORAXSIM, "--link", self.link], stdout=paper)
-        until = time.monotonic() + 30
-        while not self.link.exists() and time.monotonic() < until:
-            time.sleep(0.01)
+    def assert_sold(self, count):
+        def receipts():
+            return self.paper.read_text().count("Paragon nr")
 
-    def closed_receipts(self, awaited=0):
-        """How many are on the paper, which comes a moment after the answer."""
-        until = time.monotonic() + 10
-        while (count := self.paper.read_text().count("Paragon nr")) < awaited and time.monotonic() < until:
-            time.sleep(0.01)
-        return count
+        wait_until(lambda: receipts() >= count)
+        self.assertEqual(count, receipts())
 
-    def run(self, program, *arguments, limit=None, fault=None):
-        """Runs a program. Once it has sent `limit` bytes it is killed (fault "crash") or its port
-        vanishes ("cable"). Returns its status and how many bytes it sent."""
+    def run_program(self, program, *arguments, limit=None, fault=None):
+        """Runs a program over a pseudo-terminal of its own. Once it has sent `limit` bytes it is killed
+        (fault "crash") or its port vanishes ("cable"). Returns its status and how many bytes it sent."""
         near, far = pty.openpty()
         tty.setraw(far)
-        device = os.open(self.link, os.O_RDWR | os.O_NOCTTY)
+        device = os.open(self.device, os.O_RDWR | os.O_NOCTTY)
         process = subprocess.Popen([program, os.ttyname(far), *arguments])
-        sent, watched = 0, [near, device]
+        sent, ends = 0, [near, far, device]
         while process.poll() is None:
-            for ready in select.select(watched, [], [], 0.02)[0]:
+            for ready in select.select([end for end in ends if end != far], [], [], 0.02)[0]:
                 if ready == device:
                     answer = os.read(device, 4096)
-                    if near in watched:
+                    if near in ends:
                         os.write(near, answer)
                 else:
                     os.write(device, os.read(near, 1))
@@ -61,64 +58,51 @@ class Simulator:
             if fault == "crash":
                 process.kill()
             else:
-                watched = [device]
+                ends = [device]
                 os.close(far)
                 os.close(near)
-        for end in watched + ([far] if near in watched else []):
+        for end in ends:
             os.close(end)
         return process.returncode, sent
 
-    def stop(self):
-        self.process.terminate()
-        return self.process.wait()
-
-
-class Guide(unittest.TestCase):
-    def setUp(self):
-        scratch = tempfile.TemporaryDirectory()
-        self.addCleanup(scratch.cleanup)
-        self.folder = Path(scratch.name)
-
-    def compiled(self, code, name):
-        """The program, or the object of a piece that is none. Loose statements get a function."""
+    def compile(self, code):
+        """Loose statements get a function."""
         if "#include" not in code:
             code = f"#include <koraxdr.h>\n#include <stdio.h>\nvoid f(void);\nvoid f(void) {{{code}}}"
-        source, program = self.folder / f"{name}.c", self.folder / name
-        source.write_text(code)
-        ending = [LIBRARY, f"-Wl,-rpath,{Path(LIBRARY).parent}"] if "int main(" in code else ["-c"]
         subprocess.run([COMPILER, "-Wall", "-Wextra", "-Wpedantic", "-Werror", "-Wno-unused-function",
-                        f"-I{PROJECT / 'include'}", "-o", program, source, *ending], check=True)
-        return program
+                        f"-I{PROJECT / 'include'}", "-fsyntax-only", "-xc", "-"],
+                       input=code, text=True, check=True)
 
     def test_code(self):
-        pieces = re.findall(r"^```c\n(.*?)^```$", GUIDE, re.M | re.S)
-        self.assertGreaterEqual(len(pieces), 5)
-        programs = [self.compiled(code, f"piece{i}") for i, code in enumerate(pieces)]
-        first, sale = (p for p, code in zip(programs, pieces) if "int main(" in code)
-        simulator = Simulator(self.folder)
-        try:
-            self.assertEqual(simulator.run(first)[0], 0)
-            self.assertEqual(simulator.closed_receipts(1), 1)
-            cuts = self.interrupt(simulator, sale)
-        finally:
-            self.assertEqual(simulator.stop(), 0)
-        self.assertEqual(simulator.closed_receipts(), 2 + cuts)
+        programs = []
+        for code in re.findall(r"^```c\n(.*?)^```$", GUIDE, re.M | re.S):
+            if "int main(" in code:
+                programs.append(re.match(r"/\* (\w+) ", code)[1])
+                self.assertEqual(code, (PROJECT / f"examples/{programs[-1]}.c").read_text())
+            else:
+                self.compile(code)
+        self.assertEqual(programs, [FIRST.name, SALE.name])
 
-    def interrupt(self, simulator, sale):
+    def test_programs(self):
+        self.assertEqual(self.run_program(FIRST)[0], 0)
+        self.assert_sold(1)
+        self.interrupt()
+
+    def interrupt(self):
         """Whatever breaks at whichever byte: the coffee is sold once in the end."""
-        whole = simulator.run(sale, self.folder / "whole")[1]
-        rests = 70, 13, 6, 2, 0
-        for limit in (whole - rest for rest in rests):
+        whole = self.run_program(SALE, self.folder / "whole")[1]
+        sold = 2
+        for limit in (whole - rest for rest in (70, 13, 6, 2, 0)):
             for fault in ("crash", "cable"):
                 with self.subTest(bytes=limit, of=whole, fault=fault):
-                    before, journal = simulator.closed_receipts(), self.folder / f"{fault}{limit}"
-                    status = simulator.run(sale, journal, limit=limit, fault=fault)[0]
+                    journal = self.folder / f"{fault}{limit}"
+                    status = self.run_program(SALE, journal, limit=limit, fault=fault)[0]
                     for _ in range(4):  # a device amid a sequence gives up only after a while
                         if status != SOLD:
-                            status = simulator.run(sale, journal)[0]
-                    after = simulator.closed_receipts(before + 1)
-                    self.assertEqual((status, after - before), (SOLD, 1))
-        return 2 * len(rests)
+                            status = self.run_program(SALE, journal)[0]
+                    sold += 1
+                    self.assertEqual(status, SOLD)
+                    self.assert_sold(sold)
 
     def test_error_texts(self):
         library = ctypes.CDLL(LIBRARY)

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <stdlib.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -18,21 +19,31 @@ class PseudoTerminal {
   public:
     PseudoTerminal() {
         EXPECT_EQ(grantpt(master) | unlockpt(master) | ptsname_r(master, name, sizeof name), 0);
+        slave = open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
     }
-    ~PseudoTerminal() { HangUp(); }
+    ~PseudoTerminal() {
+        HangUp();
+        close(slave);
+    }
     PseudoTerminal(const PseudoTerminal&) = delete;
     void HangUp() { close(std::exchange(master, -1)); }
 
-    // Sends and gives the kernel a moment to pass the bytes to the other side.
+    // Sends, and returns when the bytes lie ready on the other side.
     void Send(const std::string& bytes) const {
         EXPECT_EQ(write(master, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        AwaitReady([&](int ready) { return ready >= static_cast<int>(bytes.size()); });
+    }
+    // Waits until as many of the sent bytes as `enough` says are there, and have not been taken.
+    template <class Condition>
+    void AwaitReady(Condition enough) const {
+        for (int ready = 0; ioctl(slave, FIONREAD, &ready) == 0 && !enough(ready);)
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     // What the line wrote: `count` bytes, or as many as come before nothing more does.
-    std::string Receive(std::size_t count) const {
+    std::string Receive(std::size_t count, int patience_ms = 200) const {
         std::string bytes;
         pollfd watched{master, POLLIN, 0};
-        while (bytes.size() < count && poll(&watched, 1, 200) > 0) {
+        while (bytes.size() < count && poll(&watched, 1, patience_ms) > 0) {
             char buffer[4096];
             const ssize_t step = read(master, buffer, sizeof buffer);
             if (step <= 0) break;
@@ -41,7 +52,7 @@ class PseudoTerminal {
         return bytes;
     }
 
-    int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), slave = -1;
     char name[64] = "";
 };
 
@@ -69,10 +80,10 @@ class LineTest : public testing::Test {
         return bytes;
     }
     // How long it took from the opening, or from the last time this was asked.
-    void ExpectSeconds(double least, double most) {
+    void ExpectSeconds(double least, double slack = 1) {
         const auto before = std::exchange(start, Clock::now());
         const double seconds = std::chrono::duration<double>(start - before).count();
-        EXPECT_TRUE(seconds >= least && seconds < most) << seconds;
+        EXPECT_TRUE(seconds >= least && seconds < least + slack) << seconds;
     }
 
     PseudoTerminal terminal;

@@ -1,7 +1,6 @@
 // Names of devices, opening, refusals, and the settings as the kernel has them afterwards.
 #include <asm/termbits.h>
 #include <sys/file.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
 
 #include <filesystem>
@@ -55,11 +54,11 @@ using Opening = LineTest;
 TEST_F(Opening, WhatIsNoFreeTerminalIsRefusedAndLeftAlone) {
     const int other = open(terminal.name, O_RDWR | O_NOCTTY | O_CLOEXEC);
     ASSERT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
-    const std::string folder = testing::TempDir(), file = folder + "/korax_no_terminal";
-    close(open(file.c_str(), O_CREAT | O_RDWR | O_CLOEXEC, 0600));
+    std::string file = testing::TempDir() + "no-terminal-XXXXXX";
+    close(mkstemp(file.data()));
     const auto before = OpenDescriptors();
     EXPECT_EQ(OpenError(terminal.name), platform::kErrorDeviceInUse);
-    for (const std::string& name : {folder + "/absent", file, file + "/below", folder,
+    for (const std::string& name : {file + "-absent", file, file + "/below", testing::TempDir(),
                                     std::string("/dev/null"), std::string(256, 'x')})
         EXPECT_EQ(OpenError(name), platform::kErrorNoSuchDevice) << name;
     EXPECT_EQ(OpenDescriptors(), before);

@@ -15,16 +15,6 @@ std::string Cp1250(const std::string& utf8) {
     return out;
 }
 
-void DeviceLine::HostSent(const Bytes& bytes) {
-    device.Receive(bytes);
-    os.Answer(device.TakeAnswer());
-}
-
-void DeviceLine::TimePassed(uint32_t ms) {
-    device.Advance(std::chrono::milliseconds{ms});
-    os.Answer(device.TakeAnswer());
-}
-
 void Shop::Open(const sim::DeviceOptions& options) {
     ResetDriver();
     line_.emplace(options);

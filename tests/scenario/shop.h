@@ -13,8 +13,14 @@ std::string Cp1250(const std::string& utf8);
 class DeviceLine : public memory::Peer {
   public:
     explicit DeviceLine(const sim::DeviceOptions& options) : device(options) {}
-    void HostSent(const Bytes& bytes) override;
-    void TimePassed(uint32_t ms) override;
+    void HostSent(const Bytes& bytes) override {
+        device.Receive(bytes);
+        os.Answer(device.TakeAnswer());
+    }
+    void TimePassed(uint32_t ms) override {
+        device.Advance(std::chrono::milliseconds{ms});
+        os.Answer(device.TakeAnswer());
+    }
 
     sim::Device device;
 };

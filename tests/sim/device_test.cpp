@@ -1,4 +1,5 @@
 // What is not part of selling: who the device is, and a dialogue for each family of commands.
+#include <algorithm>
 #include <functional>
 #include <numeric>
 
@@ -7,68 +8,18 @@
 namespace sim_test {
 namespace {
 
-using sim::CodePage;
+constexpr std::uint8_t kIdentities[] = {2, 17, 44, 44, 5, 18, 18, 44, 18, 44, 44, 18, 60};
+constexpr int kVersions[] = {-1, -1, -1, 6, -1, -1, 1, 2, 1, 2, 2, 2, -1};  // -1: not told
 
-const struct {
-    int type;
-    Bytes identify, further;
-    std::size_t code_page_length;  // of the answer; 1 is a NAK
-    int rates_command;             // the one of three that the type knows
-    std::size_t rates_length;
-} kIdentities[] = {
-    {1, {kAck, 2}, {kNak}, 1, 0x70, 5},
-    {2, {kAck, 17}, {kNak}, 1, 0xD0, 13},
-    {3, {kAck, 44}, {kNak}, 1, 0xD0, 13},
-    {4, {kAck, 44}, {kAck, 120, 6, 0}, 1, 0xD1, 15},
-    {5, {kAck, 5}, {kNak}, 1, 0x70, 5},
-    {6, {kAck, 18}, {kNak}, 1, 0xD0, 13},
-    {7, {kAck, 18}, {kAck, 121, 1, 0}, 1, 0xD1, 15},
-    {8, {kAck, 44}, {kAck, 124, 2, 0}, 4, 0xD1, 15},
-    {9, {kAck, 18}, {kAck, 125, 1, 0}, 4, 0xD1, 15},
-    {10, {kAck, 44}, {kAck, 128, 2, 0}, 4, 0xD1, 15},
-    {11, {kAck, 44}, {kAck, 129, 2, 0}, 4, 0xD1, 15},
-    {12, {kAck, 18}, {kAck, 130, 2, 0}, 4, 0xD1, 15},
-    {13, {kAck, 60}, {kNak}, 1, 0xD1, 15},
-};
-
-TEST(Identity, EveryTypeAnswersAsItself) {
-    for (const auto& expected : kIdentities) {
-        SCOPED_TRACE(expected.type);
-        Device device({.type = expected.type});
-        EXPECT_EQ(Send(device, Esc(0xFF)), expected.identify);
-        EXPECT_EQ(Send(device, Esc(0xFE)), expected.further);
-        EXPECT_EQ(Send(device, Esc(0xC3)).size(), expected.code_page_length);
-        for (const int command : {0xD1, 0xD0, 0x70})
-            EXPECT_EQ(Send(device, Esc(command)).size(),
-                      command == expected.rates_command ? expected.rates_length : 1);
-    }
-}
-
-constexpr const char* k852 =
-    "Za\xBE\xA2\x88\x86 g\xA9\x98l\xA5 ja\xAB\xE4 \xA4\x8F\xA8\x9D\xE3\xE0";
-constexpr const char* k1250 =
-    "Za\xBF\xF3\xB3\xE6 g\xEA\x9Cl\xB9 ja\x9F\xF1 \xA5\xC6\xCA\xA3\xD1\xD3";
-constexpr const char* kMazovia =
-    "Za\xA7\xA2\x92\x8D g\x91\x9El\x86 ja\xA6\xA4 \x8F\x95\x90\x9C\xA5\xA3";
-
-const struct {
-    int type;
-    CodePage page;
-    const char *name, *line;  // types 10 to 12 take additional lines in 852, whatever their page
-} kCodePages[] = {
-    {1, CodePage::Cp852, k852, k852},
-    {8, CodePage::Cp1250, k1250, k1250},
-    {10, CodePage::Cp1250, k1250, k852},
-    {12, CodePage::Mazovia, kMazovia, k852},
-};
-
-TEST(Identity, TextsComeInTheCodePageOfTheDevice) {
-    for (const auto& [type, page, name, line] : kCodePages) {
+TEST(Identity, EveryTypeAnswersAsItselfAndKnowsOneTableOfRates) {
+    for (int type = sim::kFirstType; type <= sim::kLastType; ++type) {
         SCOPED_TRACE(type);
-        Device device({.type = type, .code_page = page});
-        Send(device, kBegin + Sold({.name = name}) + Esc(9, Text("1") + Text(line) + Text("\n")));
-        EXPECT_EQ(device.receipt().sales.at(0).name, "Zażółć gęślą jaźń ĄĆĘŁŃÓ");
-        EXPECT_EQ(device.receipt().additional_lines.at(0), "Zażółć gęślą jaźń ĄĆĘŁŃÓ");
+        Device device({.type = type});
+        EXPECT_EQ(Send(device, Esc(0xFF)), (Bytes{kAck, kIdentities[type - sim::kFirstType]}));
+        const Bytes further = Send(device, Esc(0xFE));
+        EXPECT_EQ(further.size() == 4 ? further[2] : -1, kVersions[type - sim::kFirstType]);
+        const Bytes rates = Send(device, Esc(0x70) + Esc(0xD0) + Esc(0xD1));
+        EXPECT_EQ(std::ranges::count(rates, kNak), 2) << "to the tables of other types";
     }
 }
 
@@ -115,6 +66,7 @@ TEST(Family, ReportsAndClock) {
                   {"beyond the memory", Esc(0x31, Bytes{1, 0x2C, 1, 0x2D, 1}), {kAck, 3}},
                   {"no day", Esc(0x28, {1, 3, 0, 2, 3, 0, 1, 3, 1, 1, 3, 0}), {kAck}}});
     EXPECT_NE(Paper(device).find("Błędne daty raportu"), std::string::npos);
+    EXPECT_EQ(device.day_totals(), sim::RateAmounts{}) << "the report has closed the day";
 }
 
 // A line of footer or logo with its check sum.
@@ -146,19 +98,12 @@ TEST(Family, FooterAndLogoAreRefusedWithAReason) {
     EXPECT_EQ(device.footer(), (std::array<std::string, 3>{"pierwsza zmiana", "", "do póź"}));
 }
 
-TEST(Family, DisplaysShowTheFramesOfTheirKind) {
-    const auto check = [](int type, int kind, const char* frames, const char* shown) {
-        Device device({.type = type});
-        EXPECT_EQ(Send(device, Esc(0x56)).at(1), kind);
-        Send(device, Esc(0x52, Text(frames)));
-        EXPECT_EQ(device.display_text(), shown);
-        Send(device, Esc(0x75));
-        EXPECT_EQ(device.display_text(), "") << "cleared";
-    };
-    check(1, 1, "W\1W\2W\n\033S", "W W W");
-    check(2, 4, "\v2Witamy!\n\033S\033R\v9Razem 12345\n\033S\033R\v:x\n\033S",
-          "2: Witamy! | 9: Razem 123");
-    check(3, 2, "\x19Witamy!\n\033S\033R\fPolecamy\n\033S", "Witamy! | Polecamy");
+TEST(Family, ANumberedDisplayShowsShortTexts) {
+    Device device({.type = 2});
+    Send(device, Esc(0x52, Text("\v2Witamy!\n\033S\033R\v9Razem 12345\n\033S\033R\v:x\n\033S")));
+    EXPECT_EQ(device.display_text(), "2: Witamy! | 9: Razem 123");
+    Send(device, Esc(0x75));
+    EXPECT_EQ(device.display_text(), "");
 }
 
 }  // namespace

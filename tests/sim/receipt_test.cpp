@@ -93,7 +93,7 @@ Bytes Amount(int command, const char* sign, std::int64_t amount) {
     return Esc(command, Text(sign) + Long(amount));
 }
 
-const Bytes kOnePercent = Esc(0x1C, {'R', 1, 0}), kTenPercent = Esc(0x1B, {10});
+const Bytes kOnePercent = Esc(0x1C, {'R', 1, 0});
 const Bytes kCurrencyPayment = Esc(0x84, Long(100) + Long(400) + Long(0) + Long(0));
 
 // What the host sends into an open receipt that holds two loaves of bread.
@@ -130,7 +130,6 @@ const struct {
     {"receipt too big", 83, Sold({.quantity = 1, .price = 999'999'999, .value = 999'999'999})},
     {"nothing sold", 84, kCorrection + Total(0)},
     {"surcharge", 85, Amount(0x19, " ", 999'999'999)},
-    {"discount first", 87, kCancel + kBegin + kTenPercent, {kAck, kAck}},
     {"second discount on an item", 87, kOnePercent + kOnePercent},
     {"pause in the data", 88, Esc(0x06, Text(" C")), {}, 10, 2001ms},
     {"currency", 89, Esc(0x83, Text("EURabc", 13) + Bytes{1} + Long(100))},

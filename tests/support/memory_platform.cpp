@@ -14,12 +14,6 @@ namespace memory {
 
 Platform os;
 
-void Platform::Answer(const Bytes& bytes, uint64_t delay_ms) {
-    uint64_t at_ms = now_ms + delay_ms;
-    if (!input.empty()) at_ms = std::max(at_ms, input.back().at_ms);
-    for (uint8_t byte : bytes) input.push_back({byte, at_ms});
-}
-
 std::string Platform::TakeCalls() {
     std::string joined;
     for (const std::string& call : calls) joined += (joined.empty() ? "" : "; ") + call;
@@ -91,10 +85,8 @@ uint32_t PurgeOutput(LineHandle line) {
 }
 
 uint32_t PurgeInput(LineHandle line) {
-    while (!os.input.empty() && os.input.front().at_ms <= os.now_ms) {
-        os.input.pop_front();
-        ++os.discarded_bytes;
-    }
+    os.discarded_bytes += os.input.size();
+    os.input.clear();
     return Control(line, "purge in");
 }
 
@@ -109,23 +101,15 @@ uint32_t WriteBytes(LineHandle line, const uint8_t* bytes, uint32_t count) {
 }
 
 uint32_t ReadBytes(LineHandle line, uint8_t* bytes, uint32_t count) {
-    Use(line);
+    if (Use(line) != 0) return 0;
     const uint64_t deadline = os.now_ms + 1000ull * os.settings.read_timeout_s;
-    for (uint32_t moved = 0; moved < count; ++moved) {
-        if (os.vanished) return moved;
-        // Time goes in small steps, so that a peer that answers late does it in time.
-        while (os.input.empty() && os.now_ms < deadline && !os.vanished)
-            os.Wait(std::min<uint64_t>(100, deadline - os.now_ms));
-        if (os.input.empty() || os.input.front().at_ms > deadline) {
-            if (os.now_ms < deadline) os.Wait(deadline - os.now_ms);
-            return moved;
-        }
-        const memory::Platform::Arrival next = os.input.front();
-        os.input.pop_front();
-        if (next.at_ms > os.now_ms) os.Wait(next.at_ms - os.now_ms);
-        bytes[moved] = next.byte;
-    }
-    return count;
+    // Time goes in small steps, so that a peer that answers late does it in time.
+    while (os.input.size() < count && os.now_ms < deadline)
+        os.Wait(std::min<uint64_t>(100, deadline - os.now_ms));
+    uint32_t moved = 0;
+    for (; moved < count && !os.input.empty(); os.input.pop_front())
+        bytes[moved++] = os.input.front();
+    return moved;
 }
 
 void FlushLine(LineHandle line) {

@@ -54,18 +54,14 @@ struct Platform {
 
     bool line_open = false;
 
-    // Device bytes, on the line `delay_ms` from now.
-    void Answer(const Bytes& bytes, uint64_t delay_ms = 0);
+    // Bytes from the device.
+    void Answer(const Bytes& bytes) { input.insert(input.end(), bytes.begin(), bytes.end()); }
     std::size_t UnreadBytes() const { return input.size(); }
     // The calls since the last time, joined with "; ".
     std::string TakeCalls();
     void Wait(uint64_t ms);
 
-    struct Arrival {
-        uint8_t byte;
-        uint64_t at_ms;
-    };
-    std::deque<Arrival> input;
+    std::deque<uint8_t> input;
     platform::LineSettings settings{};
 };
 

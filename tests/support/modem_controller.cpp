@@ -65,52 +65,26 @@ std::optional<Bytes> Unframe(const Bytes& line) {
 
 // The sequence goes as on a direct line: the data follow a good acknowledgement only.
 Bytes Controller::Answer(const Bytes& body) {
-    const uint8_t flags = body[0], code = body[4];
-    if ((flags & 0x20) == 0) {
-        codes += static_cast<char>('0' + code);
-        if (code == 1) return FromText("00,'KONTROLER_27'");
-        if (code == 6) return last_;
-        return code == 8 ? Bytes{8} + rest_ : Bytes{static_cast<uint8_t>(code > 8 ? 2 : 0)};
-    }
-    const Bytes first = Slice(replies, 0, 1), data = Slice(body, 6);
-    replies = Slice(replies, 1);
-    if (!first.empty()) return first;
+    const uint8_t flags = body[0];
+    if ((flags & 0x20) == 0) return last_;  // a control code: the driver asks for a repeat
+    const Bytes data = Slice(body, 6);
     Bytes answer = device(Slice(body, 4, 2));
     const bool accepted = (flags & 0x10) == 0 || (!answer.empty() && answer[0] == 6);
     if (accepted && !data.empty()) answer = answer + device(data);
     if (answer.empty() && body[1] + body[2] > 0) return {6};
-    rest_ = Slice(answer, part);
-    return Bytes{static_cast<uint8_t>(rest_.empty() ? 0 : 8)} + Slice(answer, 0, part);
+    return Bytes{0} + answer;
 }
 
-Said Controller::Receive(const Bytes& bytes) {
-    Said said;
+Bytes Controller::Receive(const Bytes& bytes) {
     received_ = received_ + bytes;
-    while (true) {
-        const auto sync =
-            std::search(received_.begin(), received_.end(), kSync.begin(), kSync.end());
-        const Bytes frame(sync, received_.end());
-        const std::size_t size = frame.size() < 7 ? 9999 : Decode(Slice(frame, 5))[0] + 5u;
-        if (frame.size() < size) return said;
-        received_ = Slice(frame, size);
-        const bool fails = Fails();
-        const auto body = Unframe(Slice(frame, 0, size));
-        EXPECT_TRUE(body) << "the driver's frame " << Hex(frame);
-        last_ = !body || (fails && damage == Damage::kCorrupt) ? Bytes{1} : Answer(*body);
-        Bytes line = Frame(last_);
-        const bool answer_fails = Fails();
-        if (answer_fails && damage == Damage::kCorrupt) line[7] ^= 0x11;
-        if (answer_fails && damage == Damage::kRepeat) line = line + line;
-        const bool split = answer_fails && damage == Damage::kSplit;
-        for (std::size_t at = 0; at < line.size(); at += split ? 1 : line.size())
-            said.push_back({Slice(line, at, split ? 1 : line.size()),
-                            split || (answer_fails && damage == Damage::kDelay) ? 900 : 0});
-    }
-}
-
-void Controller::HostSent(const Bytes& bytes) {
-    uint32_t delay = 0;
-    for (const auto& [line, ms] : Receive(bytes)) memory::os.Answer(line, delay += ms);
+    const auto body = Unframe(received_);
+    if (!body) return {};  // the rest is still to come
+    received_.clear();
+    last_ = Fails() && !repeats ? Bytes{1} : Answer(*body);
+    Bytes line = Frame(last_);
+    if (!Fails()) return line;
+    line[7] ^= repeats ? 0 : 0x11;
+    return repeats ? line + line : line;
 }
 
 LoopbackServer::LoopbackServer(const char* address, uint16_t wanted, Device serve)

@@ -1,5 +1,5 @@
-// A device that follows a script: the bytes it expects from the driver and what it answers. The
-// first byte that differs is shown as two hex dumps; from then on the device is silent.
+// A device that follows a script: the bytes it expects from the driver and what it answers. Bytes
+// that differ are shown as two hex dumps; from then on the device is silent.
 //
 // A conversation is a text of exchanges with blanks between them:
 //   21            the driver sends Esc 21
@@ -17,12 +17,15 @@
 
 #include "support/memory_platform.h"
 
+inline const std::string kLongText(300, 'a');
+
 Bytes FromText(std::string_view text);
 std::string Hex(const Bytes& bytes);
 
 // Conversations of the driver's composite steps. `version` counts where the type reports one;
 // `page` is the code page of types 8 to 12 (0 852, 1 1250, 2 Mazovia).
 extern const std::string kReady;              // a print check that ends at once
+extern const std::string kStopped;            // one that ends in 112, but only before a printout
 std::string Identify(int type, int version);  // model, and variant where there is one
 std::string Session(int type, int version);   // probe, print check, identification
 std::string CodePage(int type, int version, int page);
@@ -41,7 +44,7 @@ class Script : public memory::Peer {
         Bytes bytes;
     };
     void Advance();
-    void Mismatch(const char* problem, Bytes received);
+    void Mismatch(const char* problem, const Bytes& received);
 
     std::deque<Step> steps_;
     Bytes received_;  // of the host's step at the front

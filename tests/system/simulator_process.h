@@ -6,6 +6,7 @@
 #include <csignal>
 #include <cstdint>
 #include <fstream>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -48,25 +49,29 @@ inline std::string Contents(const std::string& file) {
     return text.str();
 }
 
+/// Whether a program's output, which comes a moment after what it does, shows something like this.
+inline bool Shows(const std::string& output, const std::string& pattern) {
+    for (int tries = 0; tries < 3000; ++tries) {
+        if (std::regex_search(Contents(output), std::regex(pattern))) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+    return false;
+}
+
 inline constexpr int32_t kPort = 23;
 
 /// A running koraxsim behind a port.
 class Simulator {
   public:
     explicit Simulator(int type, const Arguments& more = {}, int32_t port = kPort)
-        : port_(port),
-          paper_(ScratchFolder() + "/paper" + std::to_string(port)),
+        : paper_(ScratchFolder() + "/paper" + std::to_string(port)),
           process_(Command(type, more, port), paper_) {
         NamePort(port);
-        for (int tries = 0; tries < 3000 && Paper().find('\n') == std::string::npos; ++tries) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        EXPECT_NE(std::string::npos, Paper().find('\n')) << "koraxsim does not start";
+        EXPECT_TRUE(Prints("\n")) << "koraxsim does not start";
     }
     ~Simulator() { Stop(); }
 
-    int32_t port() const { return port_; }
-    std::string Paper() const { return Contents(paper_); }
+    bool Prints(const std::string& pattern) const { return Shows(paper_, pattern); }
     int Stop(int signal = SIGTERM) { return process_.Stop(signal); }
 
   private:
@@ -77,7 +82,6 @@ class Simulator {
         return command;
     }
 
-    int32_t port_;
     std::string paper_;
     Process process_;
 };

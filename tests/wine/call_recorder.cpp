@@ -18,15 +18,18 @@ BOOL Note(const char* name, const char* format, ...) {
     va_start(arguments, format);
     std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    TheCalls().seen.push_back(name + std::string(*format != '\0' ? " " : "") + text);
-    if (TheCalls().failing != name) return TRUE;
+    recorded.seen.push_back(name + std::string(*format != '\0' ? " " : "") + text);
+    if (recorded.failing != name) return TRUE;
     SetLastError(kFailure);
     return FALSE;
 }
 
-// What the original was, for calls that are not about the line.
+// The system's own: the runtime library closes and awaits handles too.
 template <class Function>
-Function Original(Function replacement);
+Function Original(const char* name, Function) {
+    const FARPROC address = GetProcAddress(GetModuleHandleA("kernel32.dll"), name);
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
+}
 
 HANDLE WINAPI OpenFile(LPCSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
                        DWORD creation, DWORD attributes, HANDLE pattern) {
@@ -36,12 +39,11 @@ HANDLE WINAPI OpenFile(LPCSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIB
 }
 
 BOOL WINAPI CloseFile(HANDLE file) {
-    if (file != kLine) return Original(CloseFile)(file);
+    if (file != kLine) return Original("CloseHandle", CloseFile)(file);
     return Note("CloseHandle", "");
 }
 
-DWORD WINAPI FileType(HANDLE file) {
-    if (file != kLine) return Original(FileType)(file);
+DWORD WINAPI FileType(HANDLE) {
     return Note("GetFileType", "") ? FILE_TYPE_CHAR : FILE_TYPE_DISK;
 }
 
@@ -98,30 +100,27 @@ BOOL WINAPI ModemStatus(HANDLE, LPDWORD status) {
 }
 
 DWORD Moved(const char* name, DWORD count) {
-    const auto limit = TheCalls().moved.find(name);
-    return limit == TheCalls().moved.end() ? count : limit->second;
+    const auto limit = recorded.moved.find(name);
+    return limit == recorded.moved.end() ? count : limit->second;
 }
 
-BOOL WINAPI Read(HANDLE file, LPVOID bytes, DWORD count, LPDWORD moved, LPOVERLAPPED waiting) {
-    if (file != kLine) return Original(Read)(file, bytes, count, moved, waiting);
+BOOL WINAPI Read(HANDLE, LPVOID bytes, DWORD count, LPDWORD moved, LPOVERLAPPED) {
     std::memset(bytes, 0x5A, count);
     *moved = Moved("ReadFile", count);
     return Note("ReadFile", "%lu", count);
 }
 
-BOOL WINAPI Write(HANDLE file, LPCVOID bytes, DWORD count, LPDWORD moved, LPOVERLAPPED waiting) {
-    if (file != kLine) return Original(Write)(file, bytes, count, moved, waiting);
+BOOL WINAPI Write(HANDLE, LPCVOID bytes, DWORD count, LPDWORD moved, LPOVERLAPPED) {
     *moved = Moved("WriteFile", count);
     return Note("WriteFile", "%lu %02X", count, *static_cast<const uint8_t*>(bytes));
 }
 
-BOOL WINAPI Flush(HANDLE file) {
-    if (file != kLine) return Original(Flush)(file);
+BOOL WINAPI Flush(HANDLE) {
     return Note("FlushFileBuffers", "");
 }
 
 DWORD WINAPI WaitFor(HANDLE object, DWORD ms) {
-    if (object != GetCurrentProcess()) return Original(WaitFor)(object, ms);
+    if (object != GetCurrentProcess()) return Original("WaitForSingleObject", WaitFor)(object, ms);
     Note("WaitForSingleObject", "%lu", ms);
     return WAIT_TIMEOUT;
 }
@@ -139,15 +138,14 @@ int WINAPI ShowBox(HWND owner, LPCSTR text, LPCSTR caption, UINT style) {
 struct Import {
     const char* name;
     void* replacement;
-    void* original;
 };
 
 template <class Function>
 Import Replace(const char* name, Function function) {
-    return {name, reinterpret_cast<void*>(function), nullptr};
+    return {name, reinterpret_cast<void*>(function)};
 }
 
-Import imports[] = {
+const Import kImports[] = {
     Replace("CreateFileA", OpenFile),
     Replace("CloseHandle", CloseFile),
     Replace("GetFileType", FileType),
@@ -169,20 +167,10 @@ Import imports[] = {
     Replace("MessageBoxA", ShowBox),
 };
 
-template <class Function>
-Function Original(Function replacement) {
-    for (const Import& import : imports) {
-        if (import.replacement == reinterpret_cast<void*>(replacement))
-            return reinterpret_cast<Function>(import.original);
-    }
-    return nullptr;
-}
-
 // The address behind an imported name is kept in a table that the loader filled.
 void Redirect(const char* name, void** address) {
-    for (Import& import : imports) {
+    for (const Import& import : kImports) {
         if (std::strcmp(import.name, name) != 0) continue;
-        import.original = *address;
         DWORD protection = 0;
         VirtualProtect(address, sizeof *address, PAGE_READWRITE, &protection);
         *address = import.replacement;
@@ -196,14 +184,9 @@ Record* At(DWORD offset) {
 
 }  // namespace
 
-Calls& TheCalls() {
-    static Calls calls;
-    return calls;
-}
-
 std::string Taken() {
     std::string text;
-    for (const std::string& call : std::exchange(TheCalls().seen, {})) text += call + '\n';
+    for (const std::string& call : std::exchange(recorded.seen, {})) text += call + '\n';
     return text;
 }
 

@@ -13,12 +13,11 @@ namespace call_recorder {
 
 inline constexpr DWORD kFailure = 31;  // the error of the call that fails
 
-struct Calls {
+inline struct Calls {
     std::vector<std::string> seen;
     std::string failing;                 // the name of the call that fails from now on
     std::map<std::string, DWORD> moved;  // bytes that ReadFile and WriteFile move, if not all
-};
-Calls& TheCalls();
+} recorded;
 
 /// The calls since the last time this was asked, a line each.
 std::string Taken();

@@ -1,9 +1,9 @@
-"""The DLL as the linker made it: dll_check.py OBJDUMP DLL EXPORTS_TXT HEX_CHARACTERISTICS"""
+"""The DLL as the linker made it: dll_check.py OBJDUMP DLL EXPORTS_TXT HEX_CHARACTERISTICS VERSION"""
 import re
 import subprocess
 import sys
 
-objdump, dll, exports, characteristics = sys.argv[1:]
+objdump, dll, exports, characteristics, version = sys.argv[1:]
 shown = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True).stdout
 
 with open(exports, encoding="utf-8") as file:
@@ -19,3 +19,7 @@ assert imported <= {"kernel32.dll", "msvcrt.dll", "user32.dll", "ws2_32.dll"}, i
 
 found = re.search(r"DllCharacteristics\s+([0-9a-f]+)", shown)[1]
 assert int(found, 16) == int(characteristics, 16), found
+
+with open(dll, "rb") as file:
+    resource = file.read().decode("utf-16-le", "replace")
+assert re.search(rf"ProductVersion\0+{re.escape(version)}\0", resource)

@@ -61,8 +61,7 @@ Process::Process(const Arguments& arguments, const std::string& output) {
 }
 
 Process::~Process() {
-    constexpr int kKill = 9;
-    Stop(kKill);
+    Stop(9);  // SIGKILL there
 }
 
 int Process::Wait() {
@@ -86,25 +85,7 @@ std::string DeviceOf(int32_t port) {
 void NamePort(int32_t) {}
 
 int RunExample(const std::string& name, int32_t port, const std::string& output) {
-    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    const HANDLE file = CreateFileA(output.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
-                                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    STARTUPINFOA startup{};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdOutput = file;
-    PROCESS_INFORMATION process{};
-    DWORD status = 0xFFFF;
-    std::string line = name + ".exe " + std::to_string(port);
-    if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                       &process)) {
-        WaitForSingleObject(process.hProcess, INFINITE);
-        GetExitCodeProcess(process.hProcess, &status);
-    }
-    CloseHandle(process.hProcess);
-    CloseHandle(process.hThread);
-    CloseHandle(file);
-    return static_cast<int>(status);
+    return std::system((name + ".exe " + std::to_string(port) + " >\"" + output + '"').c_str());
 }
 
 }  // namespace system_tests

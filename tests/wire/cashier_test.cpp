@@ -1,11 +1,11 @@
 // Non-fiscal printouts, line feed, article query, raw sequence, user lines, register and cashier
 // codes, and the customer display: three kinds, told apart by flags of which one is stale by
 // design.
-#include "family_test.h"
+#include "support/driver_test.h"
 
 namespace {
 
-using Cashier = FamilyTest;
+using Cashier = DriverTest;
 
 TEST_F(Cashier, RawFramesHaveALengthThatWraps) {
     StartSession(2);

@@ -1,9 +1,9 @@
 // Discounts on the last item, packages, subtotal, drawers; opening an invoice.
-#include "family_test.h"
+#include "support/driver_test.h"
 
 namespace {
 
-class Discount : public FamilyTest {
+class Discount : public DriverTest {
   protected:
     // With an invoice that has 10.00 at rate B; `state` is what the call leaves of it.
     template <class Function, class... Arguments>
@@ -57,7 +57,7 @@ TEST_F(Discount, ChangesTheTotalsWhichPackagesDoNot) {
     for (int32_t drawer : {0, 4, -1, 257}) Expect("", 212, OpenDrawer, drawer);
 }
 
-class Invoice : public FamilyTest {
+class Invoice : public DriverTest {
   protected:
     void SetUp() override { StartSession(11); }
     // With five lines and a total left over; the driver believes a receipt open where 5F is asked.

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "family_test.h"
+#include "support/driver_test.h"
 
 namespace {
 
@@ -13,7 +13,7 @@ const char* const kRefusals =
     "<6A = 231 | <6C = 223 | <C8 = 232 | <C9 = 233 | <CA = 234 | <CB = 235 | <69 = 205 | <7AC8C8 = "
     "222 |  = 21";
 
-using Footer = FamilyTest;
+using Footer = DriverTest;
 
 TEST_F(Footer, LinesAreCutPaddedConvertedCheckedAndRefused) {
     char one[42] = "", two[42] = "", three[42] = "";
@@ -40,7 +40,7 @@ TEST_F(Footer, LinesAreCutPaddedConvertedCheckedAndRefused) {
     EXPECT_EQ(one + std::string(two, 1), "x" + std::string(39, ' ') + "\xA5");
 }
 
-class Logo : public FamilyTest {
+class Logo : public DriverTest {
   protected:
     void TearDown() override { std::filesystem::remove_all(file); }
     // A bitmap whose rows are their number from the bottom, 22 bytes FF, 7E.

@@ -10,9 +10,8 @@ TEST_F(Payment, SlotsAreFilledByNumberAndLinesInOrder) {
     EXPECT_STREQ(Payments[2].name, "1234567890123");
     EXPECT_EQ(Payments[2].total * Payments[2].change, -42);
     for (int32_t number : {0, 5, -1, 258}) {
-        EXPECT_EQ(pFillPayment(number, "Karta", 1, 1), 215);
-        EXPECT_EQ(pSendPayment(number, "Karta", 1, 1), 215) << "before the device type";
-        EXPECT_EQ(LastError(), 215);
+        Expect("", 215, pFillPayment, number, "Karta", 1, 1);
+        Expect("", 215, pSendPayment, number, "Karta", 1, 1);  // before the device type
     }
     EXPECT_FALSE(ErasePayments() || Payments[2].name[0] || Payments[2].total);
     EXPECT_EQ(pSendPayment(1, "A", 1, 1), 20) << "starts no session: type 13, a closed port";
@@ -27,7 +26,7 @@ TEST_F(Payment, SlotsAreFilledByNumberAndLinesInOrder) {
     EXPECT_EQ(pFillLines(23, "x", &free_slots), 215) << "the number is checked first";
     EXPECT_EQ(xFillLines(1, "x"), 0);
     EXPECT_EQ(LastError(), 216);
-    EraseLines();
+    EXPECT_EQ(EraseLines(), 0);
     EXPECT_STREQ(AdditionalLines[3].text, "");
     EXPECT_EQ(xFillLines(22, "x"), 5);
     EXPECT_EQ(xFillLines(-7, "negative numbers pass"), 4);
@@ -36,29 +35,24 @@ TEST_F(Payment, SlotsAreFilledByNumberAndLinesInOrder) {
 
 TEST_F(Payment, EachKindByDeviceType) {
     for (int type = 1; type <= 13; ++type) {
-        SCOPED_TRACE(type);
         StartSession(type);
         pFillPayment(1, "A", 1, 2);
         const int32_t payments = type == 4 || type >= 8 ? 0 : 213;
-        EXPECT_EQ(Call(payments ? "" : "81>01,'Got\xA2wka'13,#5000 82>01,'Got\xA2wka'13,#-1",
-                       pSendPayment, 1, "Got\xF3wka", 5000, -1),
-                  payments);
-        EXPECT_EQ(LastError(), payments);
+        Expect(payments ? "" : "81>01,'Got\xA2wka'13,#5000 82>01,'Got\xA2wka'13,#-1", payments,
+               pSendPayment, 1, "Got\xF3wka", 5000, -1);
         EXPECT_EQ(Payments[1].total, 1) << "the slots are not touched";
 
         const int32_t first = type == 8 || (type >= 10 && type <= 12) ? 0 : 213,
                       second = type == 13 ? 0 : first;
-        EXPECT_EQ(Call(first ? "" : "83>'E\xA5'3,'1234567890',01,#-2", pCurrencyPayment1, "E\xB9",
-                       "1234567890123", 257, -2, 1),
-                  first);
+        Expect(first ? "" : "83>'E\xA5'3,'1234567890',01,#-2", first, pCurrencyPayment1, "E\xB9",
+               "1234567890123", 257, -2, 1);
         EXPECT_EQ(pCurrencyPayment1("EUR", "4", 1, 2, 0), first);
         EXPECT_EQ(CP1.send * CP1.subtotal, first ? 0 : 2) << "deferred";
         // The third field has the change unless the kind is 0, the fourth unless it is 1.
         for (const auto& [kind, changes] :
              {std::pair(0, "#0,#3"), {1, "#3,#0"}, {2, "#3,#3"}, {-1, "#3,#3"}})
-            EXPECT_EQ(Call(second ? "" : std::string("84>#1,#2,") + changes, pCurrencyPayment2, 1,
-                           2, 3, kind, -1),
-                      second);
+            Expect(second ? "" : std::string("84>#1,#2,") + changes, second, pCurrencyPayment2, 1,
+                   2, 3, kind, -1);
         EXPECT_EQ(pCurrencyPayment2(1, 2, 3, 1, 0), second);
         EXPECT_EQ(CP2.send * CP2.change, second ? 0 : 3);
     }

@@ -16,8 +16,7 @@ class Receipt : public DriverTest {
     // A function without arguments: its number, also as the last error, and the state it leaves.
     void Expect(int32_t (*function)(), const std::string& conversation, int32_t result,
                 const char* state) {
-        EXPECT_EQ(Call(conversation, function), result) << conversation;
-        EXPECT_EQ(LastError(), result) << conversation;
+        DriverTest::Expect(conversation, result, function);
         EXPECT_EQ(ReceiptState(), state) << conversation;
     }
 };
@@ -60,6 +59,8 @@ TEST_F(Receipt, ConditionsAreTestedInTheirOrder) {
              {10, no_paper + "D1<06,8000,8000,8000,8000,8000,8000,8000", 113},
              {5, no_paper + kRates, 109},
              {5, good + kRates, 224},
+             {6, good + kRates, 224},
+             {9, good + kRates, 224},
              {8, good + kRates + "95<00 95<00 94<02 95<00", 112},
              {10, good + kRates + kReady, 0},
              {10, "9B<03 94<00 95<00 96<00 F5<01", 101},
@@ -187,11 +188,12 @@ TEST_F(Receipt, ReasonNumberAndResume) {
              {0xFF, ""},
          }) {
         const std::string conversation = "50<06" + Hex({static_cast<uint8_t>(expected)});
-        EXPECT_EQ(Call(conversation, CancellationReason, &code, reason), 0) << "in a receipt, too";
+        DriverTest::Expect(conversation, 0, CancellationReason, &code,
+                           reason);  // in a receipt, too
         EXPECT_EQ(code, expected);
         EXPECT_STREQ(reason, text);
     }
-    EXPECT_EQ(Call("50<0631", CancellationReason, &code, nullptr), 225);
+    DriverTest::Expect("50<0631", 225, CancellationReason, &code, nullptr);
     EXPECT_EQ(code, 49) << "stored before the buffer is looked at";
 
     EXPECT_EQ(ReceiptNumber(&number) + PrintResume(), 400) << "barred inside a receipt";

@@ -1,6 +1,5 @@
-// Opening and closing the port, the session start, and what the globals hold afterwards.
-#include <cstring>
-
+// Opening and closing the port, the session start, what the globals hold afterwards; which device
+// is on the line, its code page, and whether it can print.
 #include "support/driver_test.h"
 
 namespace {
@@ -21,24 +20,9 @@ class SessionStart : public DriverTest {
         EXPECT_EQ(os.TakeCalls().substr(0, calls.size()), calls);
     }
     int32_t Init(const std::string& conversation) {
-        return Call(conversation, CommunicationInit, 1, 9600, 5);
+        return Call(conversation, CommunicationInit, 1, 19200, 7);
     }
 };
-
-TEST_F(SessionStart, IdentifiesEveryDeviceType) {
-    for (int type = 1; type <= 13; ++type) {
-        SCOPED_TRACE(type);
-        Fresh();
-        Prog = 9;
-        EXPECT_EQ(Call(Session(type, 5), CommunicationInit, 3, 19200, 7), 0);
-        EXPECT_EQ(Urzadzenie, type);
-        const bool keeps_version = type == 1 || type == 2 || type == 5,
-                   no_version = type == 3 || type == 6 || type == 13;
-        EXPECT_EQ(Prog, keeps_version ? 9 : no_version ? 0 : 5);
-        EXPECT_EQ(KomunikacjaInit * NrPortu * NumerPortuDrukarki, 9);
-        ExpectOpening("open COM3; pause 100; apply 19200 8E1 cts w7 r7; pause 100");
-    }
-}
 
 TEST_F(SessionStart, FailuresEndItAndARefusedProbeDoesNot) {
     for (const auto& [conversation, result] : {std::pair("23<15 " + Identify(10, 2), 0),
@@ -49,22 +33,17 @@ TEST_F(SessionStart, FailuresEndItAndARefusedProbeDoesNot) {
                                                {"23<06 95<02", 109},
                                                {"23<06 " + kReady + "FF<15", 24},
                                                {"23<06 " + kReady + "FF<062C FE<01", 101}}) {
-        SCOPED_TRACE(conversation);
         Fresh();
         Optimize = 1;
-        EXPECT_EQ(Init(conversation), result);
-        EXPECT_EQ(LastError(), result);
-        const bool established = result == 0;
-        EXPECT_EQ(os.line_open, established);
-        EXPECT_EQ(KomunikacjaInit + Optimize + NumerPortuDrukarki, established ? 3 : 0);
-        EXPECT_EQ(Urzadzenie, established ? 10 : 13);
+        Expect(conversation, result, CommunicationInit, 1, 9600, 5);
+        EXPECT_EQ(KomunikacjaInit + Optimize + NumerPortuDrukarki, result == 0 ? 3 : 0);
+        EXPECT_EQ(Urzadzenie, os.line_open ? 10 : 13);
     }
 }
 
 TEST_F(SessionStart, APortThatDoesNotOpenIsTwo) {
     os.open_error = 5;
-    EXPECT_EQ(CommunicationInit(1, 9600, 5), 2);
-    EXPECT_EQ(LastError(), 2);
+    Expect("", 2, CommunicationInit, 1, 9600, 5);
     EXPECT_EQ(KomunikacjaInit + NumerPortuDrukarki, 0);
     os.open_error = 0;
     os.settings_error = 87;
@@ -79,9 +58,8 @@ TEST_F(SessionStart, WithoutAPortNumberEveryCallFailsUntilOneIsSet) {
     int32_t cell = 77;
     EXPECT_EQ(ReceiptNumber(&cell), 2) << "port 0 is refused by the port layer";
     Optimize = 1;
-    EXPECT_EQ(ReceiptNumber(&cell), 114);
-    EXPECT_EQ(LastError(), 114);
-    EXPECT_EQ(Optimize, 1) << "114 returns at once, the session is not ended";
+    Expect("", 114, ReceiptNumber, &cell);
+    EXPECT_EQ(Optimize, 1) << "the session is not ended";
     EXPECT_EQ(CommunicationInit(0, 9600, 5), 114);
     EXPECT_EQ(cell, 77);
     EXPECT_EQ(Init(Session(8, 2)), 0) << "a port number ends that state";
@@ -95,7 +73,7 @@ TEST_F(SessionStart, WithoutAPortNumberEveryCallFailsUntilOneIsSet) {
     NrPortu = 1;
     os.calls.clear();
     EXPECT_EQ(Call(Session(10, 3) + "66<060700", xReceiptNumber), 7) << "made where it is needed";
-    ExpectOpening("open COM4; pause 100; apply 9600 8E1 cts w5 r5");
+    ExpectOpening("open COM4; pause 100; apply 19200 8E1 cts w7 r7");
     EXPECT_EQ(Call("66<060800", xReceiptNumber), 8) << "and kept";
 }
 
@@ -116,9 +94,9 @@ TEST_F(SessionStart, ClearsTheReceiptBuffersButNotTheOpenReceipt) {
 }
 
 TEST_F(SessionStart, LaterFailuresAndPortFunctionsDoNotEndTheSession) {
+    int32_t number = 0;
     StartSession(10);
-    Call("66", xReceiptNumber);
-    EXPECT_EQ(LastError(), 21);
+    Expect("66", 21, ReceiptNumber, &number);
     EXPECT_EQ(LastError(), 0) << "read once";
     EXPECT_EQ(KomunikacjaInit, 1);
 
@@ -137,15 +115,91 @@ TEST_F(SessionStart, LaterFailuresAndPortFunctionsDoNotEndTheSession) {
 }
 
 TEST_F(SessionStart, VersionTexts) {
-    char text[64];
-    std::memset(text, 0x55, sizeof text);
-    EXPECT_EQ(pDllVersion(text), 0);
-    EXPECT_STREQ(text, "WIN 4.44 64-BIT (10.12.2013)");
-    EXPECT_EQ(text[29], 0x55) << "29 bytes with the terminator";
-    EXPECT_STREQ(xDllVersion(), text);
+    EXPECT_STREQ(xDllVersion(), "WIN 4.44 64-BIT (10.12.2013)");
     EXPECT_STREQ(xDllAuthor(), "Korax driver maintainers");
     EXPECT_EQ(pDllVersion(nullptr) + pDllAuthor(nullptr), 450);
     EXPECT_EQ(LastError(), 225);
+}
+
+using Identification = DriverTest;
+
+TEST_F(Identification, AnswersThatNameNoModelOrFail) {
+    for (const auto& [conversation, result, expected_type, expected_version] :
+         {std::tuple("FF<06FF", 0, 13, 0),
+          {"FF<0612 FE<06800900", 0, 7, 9},
+          {"FF<062C FE<15", 0, 3, 0},
+          {"FF<0602", 0, 1, 66},
+          {"FF<0612 FE<067D", 21, 55, 66},
+          {"FF<15", 24, 55, 66}}) {
+        StartSession(10);
+        KomunikacjaInit = 0;  // it starts no session by itself
+        int32_t type = 55, version = 66;
+        Expect(conversation, result, DeviceType, &type, &version);
+        EXPECT_EQ(type * 100 + version, expected_type * 100 + expected_version) << conversation;
+    }
+    EXPECT_EQ(Call(Identify(12, 4), xProgramVersion), 4);
+    EXPECT_EQ(Call("FF<15", xDeviceType), 12);
+    EXPECT_EQ(LastError(), 24);
+}
+
+TEST_F(Identification, NamesAreThoseOfTheSession) {
+    char name[20] = "untouched";
+    StartSession(7);
+    EXPECT_STREQ(xDeviceName(), "QUORRAF (apteczna)");
+    StartSession(12);
+    EXPECT_STREQ(xDeviceName(), "TOLA F E");
+    Urzadzenie = 14;
+    EXPECT_STREQ(xDeviceName(), "NIEZNANE");
+    CommunicationEnd();
+    Expect("", 2, pDeviceName, name);
+    EXPECT_STREQ(name, "untouched");
+}
+
+TEST_F(Identification, CodePage) {
+    const std::string ask = " CF<06>02,'code_page'40<";
+    for (const auto& [type, version, conversation, result, expected] : {
+             std::tuple(7, 3, std::string(), 0, 0),  // older types are never asked
+             {13, 3, "", 0, 0},
+             {8, 3, "C3<06F70000", 0, 0},  // a bit of the status
+             {8, 3, "C3<06'19',00", 0, 2},
+             {10, 1, "C3<06'19',00", 0, 2},                      // an old one has no parameter
+             {10, 2, "C3<06080000" + ask + "00,'16'40", 0, 0},   // against the bit
+             {11, 2, "C3<06080000" + ask + "00,'42'40", 0, 1},   // unknown: the bit
+             {10, 2, "C3<06'19',00" + ask + "00,'xx'40", 0, 0},  // digits do not count then
+             {10, 2, "C3<15", 24, 77},
+             {10, 2, "C3<06000000" + ask + "75", 217, 0},
+         }) {
+        StartSession(type, version);
+        int32_t page = 77;
+        EXPECT_EQ(Call(Identify(type, version) + conversation, IsCodePage1250, &page), result);
+        EXPECT_EQ(page, expected) << conversation;
+    }
+}
+
+TEST_F(Identification, PrintCheck) {
+    const std::string ready = "95<00 94<00 95<00";
+    // The states are bits of A, B and B: busy, held, stopped.
+    for (const auto& [before, conversation, result] : {
+             std::tuple(0, "95<00 " + ready, 0),
+             {0, "95<02", 109},
+             {0, "95<00 95<80", 102},
+             {0, "95<00 95<04", 103},
+             {0, "95<84 95<00 94<00 95<C4 95<80", 102},  // failures count at the round's head
+             {0, "95<00 95<02 94<00 95<02", 0},          // and paper before the first round
+             {1, "95<00 95<00 94<00 95<01 95<00 " + ready, 0},     // 010 polls
+             {1, "95<00 95<00 94<02 95<01 95<00 " + ready, 0},     // 110
+             {0, "95<00 95<00 94<02 95<00 95<00 " + ready, 0},     // 100, after printing
+             {1, "95<00 95<00 94<02 95<00", 112},                  // 100, before printing
+             {2, "95<00 95<00 94<02 95<00 " + ready, 0},           // 100 with another argument
+             {0, "95<00 95<00 94<00 95<41", 112},                  // 011
+             {1, "95<00 95<00 94<02 95<41", 112},                  // 111
+             {0, "95<00 95<00 94<00 95<40 " + ready, 0},           // 001 does not ask for paper
+             {1, "95<00 95<00 94<02 95<40 95<00 94<FD 95<00", 0},  // 101
+             {0, "95<00 95<00 94<00 95<40 95<00 94<00 95", 21},    // silence ends the polling
+         }) {
+        StartSession(4);
+        Expect(conversation, result, PrintControl, before);
+    }
 }
 
 }  // namespace

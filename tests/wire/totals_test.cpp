@@ -2,11 +2,11 @@
 // and configuration bytes, the test of a bit.
 #include <cstring>
 
-#include "family_test.h"
+#include "support/driver_test.h"
 
 namespace {
 
-class Totals : public FamilyTest {
+class Totals : public DriverTest {
   protected:
     void SetUp() override { StartSession(10); }
     char text[16] = "old";

@@ -1,5 +1,4 @@
-// The simulator's program, and the names of ports, which only this system lets an application
-// choose.
+// The simulator's program and its link.
 #include <sys/stat.h>
 
 #include <filesystem>
@@ -12,6 +11,7 @@ using system_tests::DeviceOf;
 using system_tests::kPort;
 using system_tests::Process;
 using system_tests::ScratchFolder;
+using system_tests::Shows;
 using system_tests::Simulator;
 
 TEST(Koraxsim, EndsCleanlyAndLeavesNoLink) {
@@ -41,15 +41,21 @@ TEST(Koraxsim, TakesOverTheLinkOfAKilledRunOnly) {
     EXPECT_EQ("kept", system_tests::Contents(file));
 }
 
-TEST(PortDevice, IsJudgedWhenItIsNamedAndWhenItIsOpened) {
-    ASSERT_EQ(0, SetPortDevice(kPort, "/nowhere/at/all"));
-    EXPECT_EQ(2, CommunicationInit(kPort, 9600, 1));
-    EXPECT_EQ(2, OpenPort(kPort, 9600, 1, 1));
-    EXPECT_EQ(225, SetPortDevice(kPort, nullptr));
-    EXPECT_EQ(215, SetPortDevice(0, "/dev/null"));
-    EXPECT_EQ(215, SetPortDevice(256, "/dev/null"));
-    EXPECT_EQ(215, SetPortDevice(kPort, std::string(257, 'x').c_str()));
-    EXPECT_EQ(215, LastError());
-    ASSERT_EQ(0, SetPortDevice(kPort, "/dev/null"));
-    EXPECT_EQ(2, CommunicationInit(kPort, 9600, 1));
+TEST(Koraxsim, SwitchesFaultsByLinesOfInput) {
+    const std::string panel = ScratchFolder() + "/panel", output = ScratchFolder() + "/switched";
+    ASSERT_EQ(0, mkfifo(panel.c_str(), 0600));
+    std::fstream input(panel);  // for both directions, so that neither end waits for the other
+    Process process({"/bin/sh", "-c", R"(exec "$0" --link "$1" <"$2" 2>&1)", KORAXSIM_PROGRAM,
+                     DeviceOf(kPort), panel},
+                    output);
+    EXPECT_TRUE(Shows(output, "/dev/pts/"));
+    system_tests::NamePort(kPort);
+    ASSERT_EQ(0, CommunicationInit(kPort, 9600, 5));
+    for (const auto& [state, error] : {std::pair("on", 109), {"off", 0}}) {
+        input << "no-paper" << std::endl;
+        EXPECT_TRUE(Shows(output, std::string("no-paper ") + state));
+        EXPECT_EQ(error, PrintControl(1));
+    }
+    CommunicationEnd();
+    EXPECT_EQ(0, process.Stop(SIGTERM));
 }

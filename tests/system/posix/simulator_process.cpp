@@ -1,14 +1,12 @@
 #include "system/simulator_process.h"
 
 #include <fcntl.h>
-#include <spawn.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 
 #include "koraxdr.h"
-
-extern char** environ;
 
 namespace system_tests {
 
@@ -23,19 +21,17 @@ const std::string& ScratchFolder() {
 
 Process::Process(const Arguments& arguments, const std::string& output) {
     std::vector<char*> argv;
-    for (const std::string& argument : arguments) {
+    for (const std::string& argument : arguments)
         argv.push_back(const_cast<char*>(argument.c_str()));
-    }
     argv.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC,
-                                     0600);
-    pid_t pid = 0;
-    EXPECT_EQ(0, posix_spawn(&pid, argv[0], &actions, nullptr, argv.data(), environ));
-    posix_spawn_file_actions_destroy(&actions);
-    id_ = pid;
+    std::filesystem::remove(output);  // what an earlier process left is not this one's
+    id_ = fork();
+    EXPECT_NE(-1, id_);
+    if (id_ != 0) return;
+    dup2(open("/dev/null", O_RDONLY), STDIN_FILENO);
+    dup2(open(output.c_str(), O_WRONLY | O_CREAT, 0600), STDOUT_FILENO);
+    execv(argv[0], argv.data());
+    _exit(127);
 }
 
 Process::~Process() {
