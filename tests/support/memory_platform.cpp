@@ -104,7 +104,7 @@ uint32_t ReadBytes(LineHandle line, uint8_t* bytes, uint32_t count) {
     if (Use(line) != 0) return 0;
     const uint64_t deadline = os.now_ms + 1000ull * os.settings.read_timeout_s;
     // Time goes in small steps, so that a peer that answers late does it in time.
-    while (os.input.size() < count && os.now_ms < deadline)
+    while (os.input.size() < count && os.now_ms < deadline && !os.vanished)
         os.Wait(std::min<uint64_t>(100, deadline - os.now_ms));
     uint32_t moved = 0;
     for (; moved < count && !os.input.empty(); os.input.pop_front())
