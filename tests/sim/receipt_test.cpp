@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "sim/host.h"
+#include "support/contents.h"
 
 namespace sim_test {
 namespace {
@@ -28,42 +29,6 @@ const Bytes kSequences[] = {
     kEnd,
 };
 
-constexpr const char* kWholePaper = R"(       SKLEP SPOŻYWCZY "POD LIPĄ"
-      ul. Źródlana 7, 00-950 Łomża
-           NIP 123-456-32-18
-2013-12-10               nr wydr. 000001
-            PARAGON FISKALNY
-----------------------------------------
-Chleb razowy
-  2 szt x 3,55                    7,10 F
-Masło śmietankowe
-  1,5 kg x 27,99                 41,99 B
-Gazeta codzienna o tytule dlugim 35
-  1 szt x 2,50                    2,50 G
-KOREKTA: Chleb razowy
-  1 szt x 3,55                   -3,55 F
-RABAT 10 %                         -4,81
-----------------------------------------
-Sprzedaż opodatkowana B            37,79
-PTU B 8,00 %                        2,80
-Sprzedaż opodatkowana F             3,19
-PTU F 23,00 %                       0,60
-Sprzedaż zwolniona G                2,25
-SUMA PTU                            3,40
-----------------------------------------
-SUMA PLN                           43,23
-EUR kurs 4.1234 / 1                10,00
-Zapłacono w walucie                 2,43
-Wartość w PLN                      10,00
-Reszta w PLN                        0,12
-Gotówka                            50,00
-RESZTA                              6,77
-Paragon nr 1            2013-12-10 09:30
-              KRX13000042
-Dziękujemy
-
-)";
-
 TEST(Receipt, IsPrintedAndRememberedHoweverItsBytesArrive) {
     Bytes receipt;
     for (const Bytes& sequence : kSequences) receipt = receipt + sequence;
@@ -77,7 +42,7 @@ TEST(Receipt, IsPrintedAndRememberedHoweverItsBytesArrive) {
         }
         // Begin and end; everything else is sent into silence.
         EXPECT_EQ(answers, Bytes(2, kAck));
-        EXPECT_EQ(Paper(device), kWholePaper);
+        EXPECT_EQ(Paper(device), Contents(TESTS_DIR "/sim/receipt.txt"));
         EXPECT_EQ(device.day_totals(), (sim::RateAmounts{0, 3779, 0, 0, 0, 319, 225}));
         EXPECT_EQ(Send(device, Esc(0x66)), (Bytes{kAck, 1, 0})) << "receipts";
     }

@@ -3,13 +3,9 @@
 #include "support/logo_file.h"
 #include "system/simulator_process.h"
 
-namespace {
+namespace system_tests {
 
-using system_tests::Contents;
-using system_tests::kPort;
-using system_tests::RunExample;
-using system_tests::ScratchFolder;
-using system_tests::Simulator;
+namespace {
 
 int32_t Connect(int32_t timeout_s = 5) {
     return CommunicationInit(kPort, 9600, timeout_s);
@@ -105,3 +101,5 @@ TEST(Example, DayIsLivedThroughOnEveryType) {
                                                        << Contents(output);
     }
 }
+
+}  // namespace system_tests

@@ -5,14 +5,13 @@
 #include <chrono>
 #include <csignal>
 #include <cstdint>
-#include <fstream>
 #include <regex>
-#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "gtest/gtest.h"
+#include "support/contents.h"
 
 namespace system_tests {
 
@@ -42,12 +41,6 @@ void NamePort(int32_t port);
 
 /// Runs one of the example programs, on this port, to its end: its exit status.
 int RunExample(const std::string& name, int32_t port, const std::string& output);
-
-inline std::string Contents(const std::string& file) {
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    return text.str();
-}
 
 /// Whether a program's output, which comes a moment after what it does, shows something like this.
 inline bool Shows(const std::string& output, const std::string& pattern) {

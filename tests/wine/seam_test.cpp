@@ -146,5 +146,5 @@ TEST(Trace, AppendsItsLinesInTheSystemsTextFormat) {
     Printf(0, "n=%d3;", 7);
     std::filesystem::current_path(folder);
     EXPECT_EQ("***DEBUG*abc\r\n***DEBUG*n=007;\r\n\r\n",
-              system_tests::Contents(system_tests::ScratchFolder() + "/debug.txt"));
+              Contents(system_tests::ScratchFolder() + "/debug.txt"));
 }

@@ -4,8 +4,7 @@
 #include "koraxdr.h"
 #include "system/simulator_process.h"
 
-using system_tests::Contents;
-using system_tests::kPort;
+namespace system_tests {
 
 // Waits for the box, confirms it, and says what it showed.
 static std::string Dismiss() {
@@ -34,12 +33,11 @@ TEST(DebugBox, ShowsTheArgumentsAndWaitsForTheUser) {
 }
 
 TEST(Line, HasTheSettingsThatTheApplicationAsksFor) {
-    const system_tests::Simulator simulator(10);
-    const std::string output = system_tests::ScratchFolder() + "/stty";
+    const Simulator simulator(10);
+    const std::string output = ScratchFolder() + "/stty";
     for (const std::string baud : {"1200", "115200"}) {
         ASSERT_EQ(0, CommunicationInit(kPort, std::stoi(baud), 5));
-        system_tests::Process stty({"/bin/stty", "-F", system_tests::DeviceOf(kPort), "-a"},
-                                   output);
+        Process stty({"/bin/stty", "-F", DeviceOf(kPort), "-a"}, output);
         EXPECT_EQ(0, stty.Wait());
         const std::string settings = Contents(output);
         EXPECT_EQ(0u, settings.find("speed " + baud + " baud;")) << settings;
@@ -50,3 +48,5 @@ TEST(Line, HasTheSettingsThatTheApplicationAsksFor) {
     }
     CommunicationEnd();
 }
+
+}  // namespace system_tests

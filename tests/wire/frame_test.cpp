@@ -2,6 +2,7 @@
 // in this order, whatever is wrong with the other arguments.
 #include <algorithm>
 
+#include "support/contents.h"
 #include "support/driver_test.h"
 
 namespace {
@@ -59,35 +60,6 @@ TEST_F(Frame, NullArgumentsThenSessionThenReceipt) {
 
 // The misspelt words are meant.
 TEST_F(Frame, BoxesShowTheArgumentsBeforeTheSession) {
-    const std::string boxes =
-        "function ChangeTime:|1.Hour: 24|2.Minute: 60||function DailyReport:|"
-        "1.Unconditionally: 1||function DiscountOrSurcharge: |1.Discount: 1|2.Amount: -2||"
-        "function MonthlyReport:|1.Fiscal: 3|2.Year: 4|3.Month: 5||"
-        "function NonFiscalPrintoutBegin:|1.Number: 100||function NonFiscalPrintoutLine:|"
-        "1.Number: 100|2.Text: t|1.If0A: 2||function NonFiscalPrintoutLine:|1.Text: t||"
-        "function NumberReport:|1.Fiscal: 3|2.FirstNumber: 4|3.LastNumber: 5||"
-        "function OpenDrawer: |1.DrawerNumber: 4||function OpenPort: |1.Port: 1|2.BaudRate: 9600|"
-        "3.WriteTimeout: 2|4.ReadTimeout: 3||function PackageItem: |1.Parameter: 4|2.Number: 2|"
-        "3.Qantity: 3|4.Price: 4||function PercentDiscountOrSurcharge: |1.Discount: 1|"
-        "2.Percent: 2||function PeriodReport:|1.Fiscal: 0|2.yy1: 1|3.mm1: 2|4.dd1: 3|5.yy2: 4|"
-        "6.mm2: 5|7.dd2: 66||function PrintControl: |1.BeforePrinting: 1||function RSSequence:|"
-        "1.ControlCode: 1|2.QuantityOfBytesToReceive: 0|3.QuantityOfBytesToSend: 0||"
-        "function ReceiptEndEx: |1.DiscountSurcharge: 10|2.TypeOfDiscountSurcharge: 2||"
-        "function SetVAT:|1.QuantityOfRates: 7|2.A: 1|3.B: 2|4.C: 3|5.D: 4|6.E: 5|7.F: 6|8.G: 8||"
-        "function pAdditionalCurrencyPayment: |1.Number: 1|2.IsChange: 2|3.Name: |"
-        "4.PaidInForeignCurrency: 3|5.ExchangeRate: 4|6.QAC: 5|7.PaidInBaseCurrency: 6||"
-        "function pControlPrintout:|1.Operation: 3|2.Name: n|3.TaxRate: 5||"
-        "function pCurrencyPayment1: |1.CurrencyName: c|2.Rate: 4.2|3.Qantity: 1|4.Subtotal: 2|"
-        "5.Send: 0||function pCurrencyPayment2: |1.TotalInCurrency: 1|2.TotalInBaseCurrency: 2|"
-        "3.Change: 3|4.TypeOfChange: 4|5.Send: 0||function pDisplayGX450:|1.Number: 1|2.Text: t||"
-        "function pFillPayment: |1.PaymentNo: 9|2.PamentName: p|3.Total: 1|4.Change: 2||"
-        "function pInvoiceBegin: |1.Number: a|2.Name1: b|3.Name2: c|4.Name3: d|5.Name4: e|"
-        "6.Name5: f|7.Name6: g|8.NIP: h||function pReceiptItem: |1.Sale: 1|2.Name: i|"
-        "3.TaxRate: 2|4.Communicate: 3|5.Quantity: 4|6.QAC: 5|7.Unit: kg|8.Price: 6|"
-        "9.Amount: -3||function pSendPayment: |1.PaymentNo: 9|2.PamentName: s|3.Total: 3|"
-        "4.Change: 4||function pWriteFooterLines:|1.Line1: a|2.Line2: |3.Line3: c||"
-        "functionWriteLineFeed:|1.LineFeeds: 1||functon pFillLines:|1.Number: 23|2.Line: x||"
-        "pCheckArticle:|1.Name: n||";
     const auto call_all = [] {
         NrPortu = 0;
         cell = -3;
@@ -110,12 +82,9 @@ TEST_F(Frame, BoxesShowTheArgumentsBeforeTheSession) {
               "Sent to function pWriteECRCashierCode:\n1.ECRCode: 1\n1.CashierCode: c\n");
     std::ranges::sort(os.notices);
     std::string shown;
-    for (const std::string& box : os.notices) {
-        EXPECT_TRUE(box.starts_with("DEBUG MODE\nSent to "));
-        shown += box.substr(19) + "\n";
-    }
-    std::ranges::replace(shown, '\n', '|');
-    EXPECT_EQ(shown, boxes);
+    for (const std::string& box : os.notices)
+        for (const char c : box + "\n") shown += c == '\n' ? "|\n" : std::string(1, c);
+    EXPECT_EQ(shown, Contents(TESTS_DIR "/wire/boxes.txt"));
 
     os.notices.clear();
     StartSession(7);

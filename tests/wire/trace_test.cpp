@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "links/msgqueue.h"
+#include "support/contents.h"
 #include "support/driver_test.h"
 #include "trace/message.h"
 
@@ -25,8 +26,7 @@ class Trace : public DriverTest {
         EXPECT_NE(std::freopen("input", "r", stdin), nullptr);
         testing::internal::CaptureStdout();
         call();
-        std::string printed = testing::internal::GetCapturedStdout(), text;
-        std::getline(std::ifstream(log), text, '\0');
+        const std::string printed = testing::internal::GetCapturedStdout(), text = Contents(log);
         std::filesystem::remove(log);
         return printed + "|" + text + "|" + static_cast<char>(std::getchar());
     }

@@ -6,13 +6,9 @@
 #include "koraxdr.h"
 #include "system/simulator_process.h"
 
+namespace system_tests {
+
 namespace fs = std::filesystem;
-using system_tests::DeviceOf;
-using system_tests::kPort;
-using system_tests::Process;
-using system_tests::ScratchFolder;
-using system_tests::Shows;
-using system_tests::Simulator;
 
 TEST(Koraxsim, EndsCleanlyAndLeavesNoLink) {
     for (const int signal : {SIGINT, SIGTERM}) {
@@ -38,7 +34,7 @@ TEST(Koraxsim, TakesOverTheLinkOfAKilledRunOnly) {
     const std::string file = ScratchFolder() + "/not-a-link";
     std::ofstream(file) << "kept";
     EXPECT_EQ(1, Process({KORAXSIM_PROGRAM, "--link", file}, ScratchFolder() + "/late").Wait());
-    EXPECT_EQ("kept", system_tests::Contents(file));
+    EXPECT_EQ("kept", Contents(file));
 }
 
 TEST(Koraxsim, SwitchesFaultsByLinesOfInput) {
@@ -49,7 +45,7 @@ TEST(Koraxsim, SwitchesFaultsByLinesOfInput) {
                      DeviceOf(kPort), panel},
                     output);
     EXPECT_TRUE(Shows(output, "/dev/pts/"));
-    system_tests::NamePort(kPort);
+    NamePort(kPort);
     ASSERT_EQ(0, CommunicationInit(kPort, 9600, 5));
     for (const auto& [state, error] : {std::pair("on", 109), {"off", 0}}) {
         input << "no-paper" << std::endl;
@@ -59,3 +55,5 @@ TEST(Koraxsim, SwitchesFaultsByLinesOfInput) {
     CommunicationEnd();
     EXPECT_EQ(0, process.Stop(SIGTERM));
 }
+
+}  // namespace system_tests

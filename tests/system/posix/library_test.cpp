@@ -40,7 +40,7 @@ TEST(Library, ExportsWhatIsListedDeclaredAndDocumented) {
     for (const auto& [file, pattern] : {std::pair("/src/exports.txt", R"((?:^|\n)(\w+))"),
                                         {"/include/koraxdr.h", R"(KORAX_CALL (\w+)\()"},
                                         {"/docs/functions.md", R"(`(\w+)`)"}}) {
-        const Names named = Matches(system_tests::Contents(kSource + file), pattern);
+        const Names named = Matches(Contents(kSource + file), pattern);
         Names differing;
         std::ranges::set_symmetric_difference(exported, named,
                                               std::inserter(differing, differing.end()));
