@@ -48,7 +48,7 @@ uint32_t ApplySettings(LineHandle line, const LineSettings& settings);
 // Lets written bytes leave (within the write time-out) and closes. 0, or the system's error.
 uint32_t CloseLine(LineHandle line);
 
-uint32_t PurgeOutput(LineHandle line);  // what a failed write left; never what one has sent
+uint32_t PurgeOutput(LineHandle line);  // what a failed transfer left, nothing else
 uint32_t PurgeInput(LineHandle line);
 
 // Both return the count of bytes moved; less than `count` means that the time-out passed or that

@@ -89,18 +89,20 @@ TEST_F(Win32Calls, MoveBytesAllOrNot) {
 }
 
 // Clearing the output would throw away what an adapter has taken but the line has not carried yet.
-TEST_F(Win32Calls, ClearOutputOnlyBehindAWriteThatFailed) {
+TEST_F(Win32Calls, ClearOutputOnlyBehindATransferThatFailed) {
+    uint8_t read = 0;
     ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
-    EXPECT_TRUE(WriteByte(1));
-    ClearPort();
+    EXPECT_TRUE(WriteByte(1) && ReadByte(read));
     Taken();
     ClearPort();
     EXPECT_EQ("PurgeComm 10\n", Taken());
-    recorded.moved = {{"WriteFile", 0}};
-    EXPECT_FALSE(WriteByte(1));
-    ClearPort();
-    ClearPort();
-    EXPECT_EQ("WriteFile 1 01\nPurgeComm 5\nPurgeComm 10\nPurgeComm 10\n", Taken());
+    recorded.moved = {{"WriteFile", 0}, {"ReadFile", 0}};
+    for (const std::string calls : {"WriteFile 1 01\n", "ReadFile 1\nGetCommTimeouts\n"}) {
+        EXPECT_FALSE(calls[0] == 'W' ? WriteByte(1) : ReadByte(read));
+        ClearPort();
+        ClearPort();
+        EXPECT_EQ(calls + "PurgeComm 5\nPurgeComm 10\nPurgeComm 10\n", Taken());
+    }
 }
 
 TEST_F(Win32Calls, OfTheOtherOperationsOfAPort) {

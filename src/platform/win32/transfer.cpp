@@ -3,18 +3,24 @@
 #include "platform/win32/handle.h"
 
 namespace platform {
-
 namespace {
 
-// A write that failed may have left bytes behind.
+// A transfer that failed may have left bytes behind: of its own, or of the write before, which an
+// adapter still holds while the device takes nothing.
 bool output_left = false;
+
+// Without a time-out a read that finds nothing is no failure of the line.
+bool ReadsWait(LineHandle line) {
+    COMMTIMEOUTS timeouts{};
+    return GetCommTimeouts(FileOf(line), &timeouts) && timeouts.ReadTotalTimeoutConstant != 0;
+}
 
 }  // namespace
 
 // A write returns when its bytes are gone, so after one that succeeded no output is pending. But
 // serial adapters, and pseudo-terminals under Wine, answer it before the line has carried the
 // bytes, and clearing the output would tear off the end of what was sent: it is done only when a
-// failed write has left something to clear.
+// failed transfer may have left something to clear.
 uint32_t PurgeOutput(LineHandle line) {
     if (!std::exchange(output_left, false)) return 0;
     return ResultOf(PurgeComm(FileOf(line), PURGE_TXABORT | PURGE_TXCLEAR));
@@ -33,7 +39,9 @@ uint32_t WriteBytes(LineHandle line, const uint8_t* bytes, uint32_t count) {
 
 uint32_t ReadBytes(LineHandle line, uint8_t* bytes, uint32_t count) {
     DWORD moved = 0;
-    return ReadFile(FileOf(line), bytes, count, &moved, nullptr) ? moved : 0;
+    if (!ReadFile(FileOf(line), bytes, count, &moved, nullptr)) moved = 0;
+    if (moved != count && ReadsWait(line)) output_left = true;
+    return moved;
 }
 
 void FlushLine(LineHandle line) {
