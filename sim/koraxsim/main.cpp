@@ -1,8 +1,10 @@
 // koraxsim: a simulated fiscal device on a pseudo-terminal, its paper on standard output.
+#include <fcntl.h>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 #include <poll.h>
 #include <sys/signalfd.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -140,6 +142,13 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Settings& settings) {
     settings.device.clock = LocalTime();
     settings.device.daily_reports = PastDays(past_days, settings.device.clock);
     return std::nullopt;
+}
+
+// Where a standard stream is closed, the line would take its number and be written and read as it.
+void KeepStandardStreams() {
+    int descriptor = 0;
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO) descriptor = open("/dev/null", O_RDWR);
+    if (descriptor >= 0) close(descriptor);
 }
 
 // Blocks the signals that end the program and makes them readable.
@@ -309,6 +318,7 @@ class Session {
 }  // namespace koraxsim
 
 int main(int argc, char** argv) try {
+    koraxsim::KeepStandardStreams();
     koraxsim::Settings settings;
     if (const auto code = koraxsim::ParseCommandLine(argc, argv, settings)) return *code;
     const koraxsim::Descriptor signals = koraxsim::EndingSignals();
