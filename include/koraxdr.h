@@ -80,7 +80,8 @@ extern "C" {
  * forgotten, an open receipt's flags are kept.
  *   Port      COM port 1 to 255; only its low byte is used
  *   BaudRate  9600 unless the device was set otherwise
- *   Timeout   seconds for sending and for receiving; 0 = do not wait for bytes to come
+ *   Timeout   seconds for sending and for receiving; 0 = do not wait for bytes to come (and on
+ *             Windows no limit for sending)
  * Errors: 2, 114 (port 0 while no port is in force), those of PrintControl and DeviceType. After a
  * failure the port is closed and the port number forgotten. Opening takes about a third of a
  * second. */
