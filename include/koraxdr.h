@@ -67,6 +67,112 @@
 #define KORAX_API __attribute__((visibility("default")))
 #endif
 
+/* ---- Constants ---- */
+
+/* The interface described here; pDllVersion tells that of the library that was loaded. */
+#define KORAXDR_VERSION_MAJOR 4
+#define KORAXDR_VERSION_MINOR 44
+#define KORAXDR_VERSION_PATCH 0
+#define KORAXDR_VERSION                                            \
+    (KORAXDR_VERSION_MAJOR * 10000 + KORAXDR_VERSION_MINOR * 100 + \
+     KORAXDR_VERSION_PATCH) /* 44400, for comparisons */
+
+/* Error numbers. What each means and what to do about it: docs/guide.md. */
+#define KORAX_E_OK 0
+#define KORAX_E_PORT 2
+#define KORAX_E_PORT_BUSY 5
+#define KORAX_E_SEND_TIMEOUT 20
+#define KORAX_E_RECEIVE_TIMEOUT 21
+#define KORAX_E_UNEXPECTED_ANSWER 23
+#define KORAX_E_REFUSED 24
+#define KORAX_E_DAMAGED 26
+#define KORAX_E_CHECK_SUM 46
+#define KORAX_E_NO_SESSION 99
+#define KORAX_E_NO_PRODUCER_DATA 100
+#define KORAX_E_SERVICE_JUMPER 101
+#define KORAX_E_NO_PRINTER_CONTROLLER 102
+#define KORAX_E_PRINTER_FAILURE 103
+#define KORAX_E_NO_USER_DATA 104
+#define KORAX_E_READ_ONLY 105
+#define KORAX_E_NO_CUSTOMER_DISPLAY 106
+#define KORAX_E_MEMORY_ERASED 107
+#define KORAX_E_DAILY_REPORT_PENDING 108
+#define KORAX_E_NO_PAPER 109
+#define KORAX_E_DOCUMENT_WAITS 110
+#define KORAX_E_CHARACTERS_WAIT 111
+#define KORAX_E_PRINTOUT_STOPPED 112
+#define KORAX_E_NO_RATES 113
+#define KORAX_E_NO_PORT_NUMBER 114
+#define KORAX_E_RECEIPT_OPEN 200
+#define KORAX_E_NO_RECEIPT 201
+#define KORAX_E_NAME 202
+#define KORAX_E_RATE 203
+#define KORAX_E_MESSAGE 204
+#define KORAX_E_QUANTITY 205
+#define KORAX_E_QUANTITY_DECIMALS 206
+#define KORAX_E_UNIT 207
+#define KORAX_E_PRICE 208
+#define KORAX_E_AMOUNT 209
+#define KORAX_E_RECEIPT_CANCELLED 210
+#define KORAX_E_NOTHING_SOLD 211
+#define KORAX_E_DRAWER 212
+#define KORAX_E_COMMAND_NOT_AVAILABLE 213
+#define KORAX_E_PACKAGE_KIND 214
+#define KORAX_E_OUT_OF_RANGE 215
+#define KORAX_E_NO_FREE_LINE 216
+#define KORAX_E_RATES_NOT_WRITTEN 217
+#define KORAX_E_RECEIPTS_PRINTED 218
+#define KORAX_E_DATES 219
+#define KORAX_E_NO_REPORTS 220
+#define KORAX_E_NUMBERS 221
+#define KORAX_E_MONTH_NOT_OVER 222
+#define KORAX_E_PARAMETER_N 223
+#define KORAX_E_NOT_IN_THIS_DEVICE 224
+#define KORAX_E_NULL 225
+#define KORAX_E_RATE_NOT_DEFINED 226
+#define KORAX_E_ITEM_VALUE 227
+#define KORAX_E_CLOCK_NO_DIFFERENCE 228
+#define KORAX_E_CLOCK_TOO_FAR 229
+#define KORAX_E_CLOCK_ONCE_A_DAY 230
+#define KORAX_E_CONTROL_CHARACTER 231
+#define KORAX_E_CURRENCY_NAME 231 /* pAdditionalCurrencyPayment: the number is shared */
+#define KORAX_E_DATA_CHECK_SUM 232
+#define KORAX_E_INCOMPLETE_DATA 233
+#define KORAX_E_SAME_DATA 234
+#define KORAX_E_DAILY_REPORT_FIRST 235
+#define KORAX_E_FILE 236
+#define KORAX_E_FILE_FORMAT 237
+#define KORAX_E_TOO_MANY_PACKAGES 238
+#define KORAX_E_INTERNAL 999
+
+/* Tax rates as functions take them. */
+#define KORAX_RATE_A 1
+#define KORAX_RATE_B 2
+#define KORAX_RATE_C 3
+#define KORAX_RATE_D 4
+#define KORAX_RATE_E 5
+#define KORAX_RATE_F 6
+#define KORAX_RATE_G 7
+
+/* Values of a tax rate that are no percentage. */
+#define KORAX_RATE_EXEMPT 10000
+#define KORAX_RATE_NOT_USED 25500
+
+/* Device types. */
+#define KORAX_TYPE_GX450A_5 1
+#define KORAX_TYPE_GX450A_7 2
+#define KORAX_TYPE_QUORRA_1 3
+#define KORAX_TYPE_QUORRA_2 4
+#define KORAX_TYPE_GX450B_5 5
+#define KORAX_TYPE_GX450B_7 6
+#define KORAX_TYPE_QUORRA_F 7
+#define KORAX_TYPE_TOLA 8
+#define KORAX_TYPE_TOLA_F 9
+#define KORAX_TYPE_TOLA_E 10
+#define KORAX_TYPE_TOLA_EFV 11
+#define KORAX_TYPE_TOLA_F_E 12
+#define KORAX_TYPE_OTHER 13
+
 #ifdef __cplusplus
 extern "C" {
 #endif
