@@ -20,8 +20,9 @@ struct Line {
     TakenInput input;
 };
 
-// Null for a handle that names no open line.
-Line* FindLine(LineHandle handle);
+Line* FreeLine();  // an entry for a line that is to be opened; null when all are taken
+LineHandle HandleOf(const Line& line);
+Line* FindLine(LineHandle handle);  // null for a handle that names no open line
 
 // Makes the line pass every byte as it is, with its present speed and format. 0, or errno.
 int MakeRaw(int descriptor);

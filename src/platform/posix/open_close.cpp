@@ -9,22 +9,11 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <iterator>
 
 #include "platform/posix/line.h"
 
 namespace platform {
 namespace {
-
-// One for the session and one for the look whether another port is present, with room to spare.
-constinit Line lines[4]{};
-
-Line* FreeLine() {
-    for (Line& line : lines) {
-        if (line.descriptor < 0) return &line;
-    }
-    return nullptr;
-}
 
 // A process that was started without standard streams would get one of their numbers for the line,
 // and what it prints would go out on the wire.
@@ -81,36 +70,6 @@ int Prepare(int descriptor, bool pseudo_terminal) {
 
 }  // namespace
 
-Line* FindLine(LineHandle handle) {
-    if (handle < 0 || handle >= static_cast<LineHandle>(std::size(lines))) return nullptr;
-    Line& line = lines[handle];
-    return line.descriptor < 0 ? nullptr : &line;
-}
-
-uint32_t ErrorNumber(int error) {
-    switch (error) {
-        case EACCES:
-        case EPERM:
-        case EBUSY:
-        case EWOULDBLOCK:
-            return kErrorDeviceInUse;
-        case ENOENT:
-        case ENOTDIR:
-        case EISDIR:
-        case ELOOP:
-        case ENAMETOOLONG:
-        case ENODEV:
-        case ENXIO:
-        case ENOTTY:
-        case EIO:  // a serial port without its hardware, or a line that was pulled out
-        case EBADF:
-        case 0:
-            return kErrorNoSuchDevice;
-        default:
-            return static_cast<uint32_t>(error);
-    }
-}
-
 LineHandle OpenLine(const char* name, uint32_t& error) {
     Line* line = FreeLine();
     if (line == nullptr) {
@@ -133,7 +92,7 @@ LineHandle OpenLine(const char* name, uint32_t& error) {
     line->descriptor = descriptor;
     line->pseudo_terminal = pseudo_terminal;
     error = 0;
-    return line - lines;
+    return HandleOf(*line);
 }
 
 uint32_t CloseLine(LineHandle handle) {
