@@ -2,8 +2,8 @@
 // a whole frame whose check sum is right by another decoder.
 #include "input.h"
 
+#include "links/controller.h"
 #include "links/frame_coder.h"
-#include "links/modster.h"
 #include "support/driver_test.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <cstdlib>
 
 #include "support/memory_platform.h"
-#include "support/modem_controller.h"
+#include "support/modem_frame.h"
 
 class Input {
   public:

@@ -3,8 +3,9 @@
 
 #include "engine/sysproc.h"
 #include "engine/wcster.h"
-#include "links/modster.h"
+#include "links/controller.h"
 #include "platform/clock.h"
+#include "port/opening.h"
 #include "port/portpro.h"
 #include "port/sysseria.h"
 
@@ -202,8 +203,10 @@ bool WymienionoRamki(const Exchange& e) {
         KorygowanieBledowTransmisjiModemowej();
         if (!WymianaUdana()) return false;
         // After these the correction has fetched the answer; after any other the frame goes again.
+        // What it got instead, a consent or a refusal, is no answer, and an exchange that expects
+        // none must not take it for success.
         if (blad == kBladOdbiorZModemu || blad == kBladCrc || blad == kBladPierwszaCzescDanych) {
-            return true;
+            return OdebranoDaneOdpowiedzi || Niepowodzenie(kBladKoniecRamki);
         }
     }
 }

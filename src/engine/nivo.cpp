@@ -1,5 +1,6 @@
 // The Nivo model: its special function needs a keyboard on the modem lines.
 #include "engine/sysproc.h"
+#include "platform/clock.h"
 #include "platform/serial.h"
 #include "port/portpro.h"
 #include "port/sysseria.h"
@@ -15,9 +16,9 @@ constexpr int32_t kKlawiaturaZlePodlaczona = 257;
 constexpr int32_t kBrakKlawiatury = 256;
 constexpr uint32_t kUstalenieLiniiMs = 100;
 
-bool DsrPrzyRts(bool podniesiona) {
-    UstawienieStanuLiniiRTS(podniesiona);
-    Moje_delay(kUstalenieLiniiMs);
+bool DsrPrzyRts(bool raised) {
+    UstawienieStanuLiniiRTS(raised);
+    platform::SleepMs(kUstalenieLiniiMs);
     return (ModemStatus() & platform::kLineDsr) != 0;
 }
 
@@ -38,9 +39,9 @@ void WykrywanieHardwareDoFunkcjiSpecjalnejDlaKasyNivo() {
 
 // The keyboard answers on DSR what the driver says on RTS.
 bool WykrytoHardwareKlawiaturySpecjalnej() {
-    const bool przyPodniesionej = DsrPrzyRts(true);
-    const bool przyOpuszczonej = DsrPrzyRts(false);
-    return przyPodniesionej && !przyOpuszczonej;
+    const bool with_rts = DsrPrzyRts(true);
+    const bool without_rts = DsrPrzyRts(false);
+    return with_rts && !without_rts;
 }
 
 bool KlawiaturaSpecjalnaJestPrawidlowoPodlaczona() {

@@ -2,7 +2,8 @@
 
 #include "links/msgqueue.h"
 #include "platform/window_messages.h"
-#include "port/sysseria.h"
+#include "port/opening.h"
+#include "port/upward.h"
 #include "trace/message.h"
 
 uint8_t RetransmitowacSekwencjeSterujaca = 0;

@@ -1,5 +1,7 @@
 #include "engine/wcster.h"
 
+#include "port/upward.h"
+
 bool TavloJestObecny() {
     return false;
 }

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 bool TavloJestObecny();
-bool ZresetowanoTavloa(int32_t szybkosc, uint8_t flaga);
-bool PoslanoKodKoncaDanych(uint8_t kod);
+bool ZresetowanoTavloa(int32_t baud, uint8_t flag);
+bool PoslanoKodKoncaDanych(uint8_t code);
 bool WyslanoPotwierdzenieDoTavloa();
 void OczekiwanieNaOproznienieNadajnikaPortuSzeregowego();

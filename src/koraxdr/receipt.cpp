@@ -10,6 +10,7 @@
 #include "koraxdr/polish_text.h"
 #include "koraxdr/send_layout.h"
 #include "koraxdr/vat.h"
+#include "port/opening.h"
 #include "port/sysseria.h"
 
 namespace {

@@ -4,6 +4,7 @@
 
 #include "engine/sysproc.h"
 #include "koraxdr/frame.h"
+#include "port/opening.h"
 #include "port/sysseria.h"
 
 namespace {

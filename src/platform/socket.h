@@ -8,6 +8,10 @@ namespace platform {
 using SocketHandle = std::intptr_t;
 inline constexpr SocketHandle kNoSocket = -1;
 
+// Bytes that one discarding takes at most: more than a connection holds, so that a far end that
+// never stops sending cannot hold the driver.
+inline constexpr uint32_t kMostDiscarded = 16 * 1024 * 1024;
+
 // Connects to a numeric address ("192.168.1.100" or "::1"); kNoSocket when that does not succeed
 // within the time.
 SocketHandle ConnectTcp(const char* address, uint16_t port, uint32_t timeout_ms);
@@ -17,6 +21,10 @@ bool SendAll(SocketHandle socket, const uint8_t* bytes, uint32_t count, uint32_t
 
 // True when a byte came within the time; 0 = one that is there already.
 bool ReceiveByte(SocketHandle socket, uint8_t& byte, uint32_t timeout_ms);
+
+// Discards what has arrived, without waiting for more. A connection that is gone is left for the
+// next transfer to find.
+void DiscardReceived(SocketHandle socket);
 
 bool CloseSocket(SocketHandle socket);
 

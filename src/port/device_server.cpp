@@ -1,9 +1,10 @@
-// The device server: its connections, and the commands that program its channel and speed.
+#include "port/device_server.h"
+
+#include <algorithm>
 #include <cstring>
 
 #include "platform/socket.h"
 #include "port/exchange_cells.h"
-#include "port/sockpro.h"
 #include "port/sysseria.h"
 
 int32_t WyborSerweraUrzadzen = 0;
@@ -21,10 +22,9 @@ constexpr uint8_t kBladSerweraUrzadzen = 65;
 platform::SocketHandle GniazdoTransmisji = platform::kNoSocket;
 platform::SocketHandle GniazdoProgramowania = platform::kNoSocket;
 
-uint32_t Milisekundy(int32_t sekundy) {
-    constexpr int32_t najwiecej = 4000000;
-    if (sekundy <= 0) return 0;
-    return 1000u * static_cast<uint32_t>(sekundy < najwiecej ? sekundy : najwiecej);
+uint32_t Milisekundy(int32_t timeout_s) {
+    constexpr int32_t most_s = 4000000;
+    return 1000u * static_cast<uint32_t>(std::clamp(timeout_s, 0, most_s));
 }
 
 // --- one connection; inert ones succeed without moving anything ----------------------------------
@@ -33,31 +33,33 @@ bool Bezczynne() {
     return WyborSerweraUrzadzen == 0;
 }
 
-bool Zamknieto(platform::SocketHandle& gniazdo) {
-    if (gniazdo == platform::kNoSocket) return true;
-    const bool zamknieto = platform::CloseSocket(gniazdo);
-    gniazdo = platform::kNoSocket;
-    return zamknieto;
+bool Zamknieto(platform::SocketHandle& socket) {
+    if (socket == platform::kNoSocket) return true;
+    const bool closed = platform::CloseSocket(socket);
+    socket = platform::kNoSocket;
+    return closed;
 }
 
-bool Otwarto(platform::SocketHandle& gniazdo, const char* adres, uint16_t port, int32_t timeout) {
+bool Otwarto(platform::SocketHandle& socket, const char* address, uint16_t port,
+             int32_t timeout_s) {
     if (Bezczynne()) return true;
-    Zamknieto(gniazdo);
-    gniazdo = platform::ConnectTcp(adres, port, Milisekundy(timeout));
-    return gniazdo != platform::kNoSocket;
+    Zamknieto(socket);
+    socket = platform::ConnectTcp(address, port, Milisekundy(timeout_s));
+    return socket != platform::kNoSocket;
 }
 
-bool Wyslano(platform::SocketHandle gniazdo, const uint8_t* bajty, uint32_t ile, int32_t timeout) {
+bool Wyslano(platform::SocketHandle socket, const uint8_t* bytes, uint32_t count,
+             int32_t timeout_s) {
     if (Bezczynne()) return true;
-    return gniazdo != platform::kNoSocket &&
-           platform::SendAll(gniazdo, bajty, ile, Milisekundy(timeout));
+    return socket != platform::kNoSocket &&
+           platform::SendAll(socket, bytes, count, Milisekundy(timeout_s));
 }
 
-bool Odebrano(platform::SocketHandle gniazdo, uint8_t& bajt, int32_t timeout) {
-    bajt = 0;
+bool Odebrano(platform::SocketHandle socket, uint8_t& byte, int32_t timeout_s) {
+    byte = 0;
     if (Bezczynne()) return true;
-    return gniazdo != platform::kNoSocket &&
-           platform::ReceiveByte(gniazdo, bajt, Milisekundy(timeout));
+    return socket != platform::kNoSocket &&
+           platform::ReceiveByte(socket, byte, Milisekundy(timeout_s));
 }
 
 // --- programming ---------------------------------------------------------------------------------
@@ -78,25 +80,26 @@ constexpr SpeedCommand kRozkazySzybkosci[] = {{150, "PBR8"},   {300, "PBR9"},   
                                               {9600, "PBR3"},  {19200, "PBR4"}, {28800, "PBR11"},
                                               {38400, "PBR5"}, {57600, "PBR6"}, {115200, "PBR7"}};
 
-bool WykonanoRozkaz(const char* rozkaz) {
-    if (*rozkaz == '\0') return true;
-    const auto* bajty = reinterpret_cast<const uint8_t*>(rozkaz);
-    uint8_t odpowiedz = 0;
-    return Wyslano(GniazdoProgramowania, bajty, static_cast<uint32_t>(std::strlen(rozkaz)),
+bool WykonanoRozkaz(const char* command) {
+    if (*command == '\0') return true;
+    const auto* bytes = reinterpret_cast<const uint8_t*>(command);
+    uint8_t answer = 0;
+    return Wyslano(GniazdoProgramowania, bytes, static_cast<uint32_t>(std::strlen(command)),
                    TimeoutNadawania) &&
-           Odebrano(GniazdoProgramowania, odpowiedz, TimeoutOdbierania) && odpowiedz == kZgoda;
+           Odebrano(GniazdoProgramowania, answer, TimeoutOdbierania) && answer == kZgoda;
 }
 
-bool UstawionoKanalTibbo(int32_t kanal) {
-    for (const ChannelCommands& rozkazy : kRozkazyKanalow) {
-        if (rozkazy.channel == kanal) return TibboWykonalo2Rozkazy(rozkazy.first, rozkazy.second);
+bool UstawionoKanalTibbo(int32_t channel) {
+    for (const ChannelCommands& commands : kRozkazyKanalow) {
+        if (commands.channel == channel)
+            return TibboWykonalo2Rozkazy(commands.first, commands.second);
     }
     return true;
 }
 
-bool UstawionoSzybkoscTibbo(int32_t szybkosc) {
-    for (const SpeedCommand& rozkaz : kRozkazySzybkosci) {
-        if (rozkaz.baud == szybkosc) return TibboWykonalo1Rozkaz(rozkaz.command);
+bool UstawionoSzybkoscTibbo(int32_t baud) {
+    for (const SpeedCommand& speed : kRozkazySzybkosci) {
+        if (speed.baud == baud) return TibboWykonalo1Rozkaz(speed.command);
     }
     return true;
 }
@@ -117,35 +120,41 @@ bool ZamknietoGniazdoTransmisji() {
     return Zamknieto(GniazdoTransmisji);
 }
 
-bool WyslanoPrzezGniazdo(const uint8_t* bajty, uint32_t ile) {
-    return Wyslano(GniazdoTransmisji, bajty, ile, TimeoutNadawania);
+bool WyslanoPrzezGniazdo(const uint8_t* bytes, uint32_t count) {
+    return Wyslano(GniazdoTransmisji, bytes, count, TimeoutNadawania);
 }
 
-bool OdebranoPrzezGniazdo(uint8_t& bajt) {
-    return Odebrano(GniazdoTransmisji, bajt, TimeoutOdbierania);
+bool OdebranoPrzezGniazdo(uint8_t& byte) {
+    return Odebrano(GniazdoTransmisji, byte, TimeoutOdbierania);
 }
 
-bool TibboWykonalo3Rozkazy(const char* rozkaz1, const char* rozkaz2, const char* rozkaz3) {
-    return (WykonanoRozkaz(rozkaz1) && WykonanoRozkaz(rozkaz2) && WykonanoRozkaz(rozkaz3)) ||
+void OproznijGniazdoTransmisji() {
+    if (!Bezczynne() && GniazdoTransmisji != platform::kNoSocket) {
+        platform::DiscardReceived(GniazdoTransmisji);
+    }
+}
+
+bool TibboWykonalo3Rozkazy(const char* command1, const char* command2, const char* command3) {
+    return (WykonanoRozkaz(command1) && WykonanoRozkaz(command2) && WykonanoRozkaz(command3)) ||
            BladSerwera();
 }
 
-bool TibboWykonalo2Rozkazy(const char* rozkaz1, const char* rozkaz2) {
-    return TibboWykonalo3Rozkazy(rozkaz1, rozkaz2, "");
+bool TibboWykonalo2Rozkazy(const char* command1, const char* command2) {
+    return TibboWykonalo3Rozkazy(command1, command2, "");
 }
 
-bool TibboWykonalo1Rozkaz(const char* rozkaz) {
-    return TibboWykonalo3Rozkazy(rozkaz, "", "");
+bool TibboWykonalo1Rozkaz(const char* command) {
+    return TibboWykonalo3Rozkazy(command, "", "");
 }
 
-bool UstawionoSzybkoscLubKanalTibbo(const char* adres, int32_t kanal, int32_t szybkosc,
-                                    bool ustawKanal) {
-    if (!Otwarto(GniazdoProgramowania, adres, kPortProgramowania, TimeoutNadawania)) {
+bool UstawionoSzybkoscLubKanalTibbo(const char* address, int32_t channel, int32_t baud,
+                                    bool set_channel) {
+    if (!Otwarto(GniazdoProgramowania, address, kPortProgramowania, TimeoutNadawania)) {
         return BladSerwera();
     }
-    const bool wykonano = TibboWykonalo3Rozkazy("R", "PS11", "PS31") &&
-                          (!ustawKanal || UstawionoKanalTibbo(kanal)) &&
-                          UstawionoSzybkoscTibbo(szybkosc);
-    const bool zamknieto = Zamknieto(GniazdoProgramowania);
-    return (wykonano && zamknieto) || BladSerwera();
+    const bool done = TibboWykonalo3Rozkazy("R", "PS11", "PS31") &&
+                      (!set_channel || UstawionoKanalTibbo(channel)) &&
+                      UstawionoSzybkoscTibbo(baud);
+    const bool closed = Zamknieto(GniazdoProgramowania);
+    return (done && closed) || BladSerwera();
 }

@@ -20,7 +20,13 @@ inline constexpr int32_t kBladBrakNosnej = 30;
 inline constexpr int32_t kBladZapisDoModemu = 32;
 inline constexpr int32_t kBladOdbiorZModemu = 33;
 inline constexpr int32_t kBladCrc = 34;
+inline constexpr int32_t kBladOdmowaKontrolera = 35;  // to 38: its reply codes 1 to 4
 inline constexpr int32_t kBladNieznanyKodSterujacy = 36;
+inline constexpr int32_t kBladZadanieAutoryzacji = 39;
+inline constexpr int32_t kBladZadanieTimeoutuNadawania = 40;
+inline constexpr int32_t kBladZadanieTimeoutuOdbierania = 41;
+inline constexpr int32_t kBladKontrolera = 42;  // its reply code 7
+inline constexpr int32_t kBladNieznanaOdpowiedz = 43;
 inline constexpr int32_t kBladKoniecRamki = 45;
 inline constexpr int32_t kBladSumaXor = 46;
 inline constexpr int32_t kBladKanal = 52;
@@ -32,10 +38,10 @@ inline constexpr int32_t kBladPotwierdzenie1 = 66;    // shown as 101
 inline constexpr int32_t kBladPotwierdzenie101 = 84;  // shown as 201
 
 // The one place where an internal number becomes the driver's error number.
-uint8_t WartoscNumeruBledu(int32_t numer);
+uint8_t WartoscNumeruBledu(int32_t internal);
 
 // Sets NumerBledu to the driver's number of an internal failure.
-void UstawNumerBledu(int32_t numer);
+void UstawNumerBledu(int32_t internal);
 
 // NumerBledu shows success.
 bool WymianaUdana();

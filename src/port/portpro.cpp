@@ -20,16 +20,16 @@ bool PortOtwarty() {
 }
 
 // A negative time-out is none at all.
-uint32_t Sekundy(int32_t timeout) {
-    return timeout > 0 ? static_cast<uint32_t>(timeout) : 0;
+uint32_t Sekundy(int32_t timeout_s) {
+    return timeout_s > 0 ? static_cast<uint32_t>(timeout_s) : 0;
 }
 
-uint32_t OtworzPort(platform::DeviceKind kind, uint32_t port, uint32_t baud, int32_t writeTimeout,
-                    int32_t readTimeout) {
+uint32_t OtworzPort(platform::DeviceKind kind, uint32_t port, uint32_t baud,
+                    int32_t write_timeout_s, int32_t read_timeout_s) {
     PortRecord& record = AktywnyRekord();
     record.number = static_cast<uint8_t>(port);
-    // Flow control on CTS is on for every port that is opened, whatever UstawCTS stored before.
-    // This is meant: the devices hold CTS down while they cannot take data.
+    // Oddity: CTS flow control is always on. Whatever UstawCTS stored before, every port that is
+    // opened waits for CTS, since the devices drop it while they cannot take data.
     record.cts = 1;
     record.baud = baud;
     record.parity = 2;
@@ -42,8 +42,8 @@ uint32_t OtworzPort(platform::DeviceKind kind, uint32_t port, uint32_t baud, int
     if (!PortOtwarty()) return error != 0 ? error : platform::kErrorNoSuchDevice;
 
     platform::PauseMs(kOczekiwaniePoOtwarciuMs);
-    record.write_timeout = Sekundy(writeTimeout);
-    record.read_timeout = Sekundy(readTimeout);
+    record.write_timeout_s = Sekundy(write_timeout_s);
+    record.read_timeout_s = Sekundy(read_timeout_s);
     error = SetSerialParameters();
     if (error != 0) UnInitializePort();
     return error;
@@ -56,13 +56,14 @@ bool ZmienionoLinie(Change change, bool raised) {
 
 }  // namespace
 
-uint32_t InitializePort(uint32_t port, uint32_t baud, int32_t writeTimeout, int32_t readTimeout) {
-    return OtworzPort(platform::DeviceKind::kCom, port, baud, writeTimeout, readTimeout);
+uint32_t InitializePort(uint32_t port, uint32_t baud, int32_t write_timeout_s,
+                        int32_t read_timeout_s) {
+    return OtworzPort(platform::DeviceKind::kCom, port, baud, write_timeout_s, read_timeout_s);
 }
 
-uint32_t pInitializeLPTPort(uint32_t port, uint32_t baud, int32_t writeTimeout,
-                            int32_t readTimeout) {
-    return OtworzPort(platform::DeviceKind::kLpt, port, baud, writeTimeout, readTimeout);
+uint32_t pInitializeLPTPort(uint32_t port, uint32_t baud, int32_t write_timeout_s,
+                            int32_t read_timeout_s) {
+    return OtworzPort(platform::DeviceKind::kLpt, port, baud, write_timeout_s, read_timeout_s);
 }
 
 uint32_t UnInitializePort() {
@@ -82,8 +83,8 @@ uint32_t SetSerialParameters() {
         .parity = record.parity,
         .stop_bits = static_cast<uint8_t>(record.stop_bits),
         .cts_flow_control = record.cts != 0,
-        .write_timeout_s = record.write_timeout,
-        .read_timeout_s = record.read_timeout,
+        .write_timeout_s = record.write_timeout_s,
+        .read_timeout_s = record.read_timeout_s,
     };
     const uint32_t error = platform::ApplySettings(record.handle, settings);
     if (error == 0) platform::PauseMs(kOczekiwaniePoUstawieniuMs);

@@ -9,13 +9,13 @@ struct PortRecord {
     platform::LineHandle handle = platform::kNoLine;
     platform::DeviceName name = "";
     uint8_t number = 0;
-    uint8_t cts = 1;             // output flow control on CTS
-    uint32_t baud = 0;           // 9600 and so on
-    uint8_t parity = 0;          // 0 none, 1 odd, 2 even
-    uint32_t stop_bits = 0;      // 0 = one stop bit
-    uint32_t byte_size = 0;      // bits
-    uint32_t write_timeout = 0;  // seconds
-    uint32_t read_timeout = 0;   // seconds
+    uint8_t cts = 1;         // output flow control on CTS
+    uint32_t baud = 0;       // 9600 and so on
+    uint8_t parity = 0;      // 0 none, 1 odd, 2 even
+    uint32_t stop_bits = 0;  // 0 = one stop bit
+    uint32_t byte_size = 0;  // bits
+    uint32_t write_timeout_s = 0;
+    uint32_t read_timeout_s = 0;
 };
 
 inline constexpr int kLiczbaRekordowPortow = 2;
@@ -25,9 +25,10 @@ extern uint32_t PortSelector;  // index of the record in force, 1
 inline constexpr uint32_t kBrakOtwartegoPortu = 2;  // result of an operation on a closed port
 
 // 0 on success, else the system's error number.
-uint32_t InitializePort(uint32_t port, uint32_t baud, int32_t writeTimeout, int32_t readTimeout);
-uint32_t pInitializeLPTPort(uint32_t port, uint32_t baud, int32_t writeTimeout,
-                            int32_t readTimeout);
+uint32_t InitializePort(uint32_t port, uint32_t baud, int32_t write_timeout_s,
+                        int32_t read_timeout_s);
+uint32_t pInitializeLPTPort(uint32_t port, uint32_t baud, int32_t write_timeout_s,
+                            int32_t read_timeout_s);
 uint32_t UnInitializePort();
 uint32_t SetSerialParameters();  // applies the record to the open port
 uint32_t ClearPort();            // discards pending output, then pending input

@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "platform/clock.h"
+#include "port/device_server.h"
 #include "port/exchange_cells.h"
 #include "port/portpro.h"
 #include "port/sysseria.h"
@@ -40,29 +41,31 @@ void ZresetujTavloa() {
     if (TavloJestObecny()) ZresetowanoTavloa(SzybkoscTransmisji, 1);
 }
 
-// A time-out before or after the sequence is 52 and leaves RTS raised. When the sequence itself
-// fails, the line is put back and the sequence's own error stands. The data of a sequence that is
-// waiting for the port meanwhile (the server's RESUME opens it) keep their place.
+// Oddity: A failed channel selection leaves RTS raised. After a time-out before or after the
+// sequence (52) nobody knows what the multiplexer has taken, and it is not told to end. When the
+// sequence itself fails, the line is put back and the sequence's own error stands.
+// The data of a sequence that is waiting for the port meanwhile (the server's RESUME opens it) keep
+// their place.
 void WybierzKanalSekwencja() {
     if (!NadajnikOprozniony()) return UstawNumerBledu(kBladKanal);
-    const int32_t szybkosc = SzybkoscTransmisji;
+    const int32_t baud = SzybkoscTransmisji;
     ChangeSpeedPleko(kSzybkoscWyboru);
     SetRTSLine();
-    const uint8_t zachowany = BajtyDoPoslania[1];
+    const uint8_t kept = BajtyDoPoslania[1];
     BajtyDoPoslania[1] = static_cast<uint8_t>(NrKanalu);
     PoslanieSekwencjiSterujacej(kRozkazWyboruKanalu, 0, 1, 0);
-    BajtyDoPoslania[1] = zachowany;
+    BajtyDoPoslania[1] = kept;
     if (WymianaUdana() && !NadajnikOprozniony()) return UstawNumerBledu(kBladKanal);
     ClearRTSLine();
-    ChangeSpeedPleko(szybkosc);
+    ChangeSpeedPleko(baud);
     ZresetujTavloa();
 }
 
 void WybierzKanalBajtami() {
     if (!NadajnikOprozniony()) return UstawNumerBledu(kBladKanal);
     SetRTSLine();
-    for (const uint8_t bajt : {kZnakWyboruKanalu, static_cast<uint8_t>(NrKanalu)}) {
-        PoslijNaPortSzeregowy(bajt);
+    for (const uint8_t byte : {kZnakWyboruKanalu, static_cast<uint8_t>(NrKanalu)}) {
+        PoslijNaPortSzeregowy(byte);
         if (BylTimeout) return UstawNumerBledu(kBladKanal);
     }
     if (!NadajnikOprozniony()) return UstawNumerBledu(kBladKanal);
@@ -86,30 +89,30 @@ void PrzelaczNaKanal() {
     }
 }
 
-bool UstawionoKanal(int32_t kanal) {
-    if (WyborSerweraUrzadzen == 0) return UstawKanalPleko(kanal);
-    return UstawionoSzybkoscLubKanalTibbo(AdresSerweraUrzadzen, kanal, SzybkoscTransmisji, true);
+bool UstawionoKanal(int32_t channel) {
+    if (WyborSerweraUrzadzen == 0) return UstawKanalPleko(channel);
+    return UstawionoSzybkoscLubKanalTibbo(AdresSerweraUrzadzen, channel, SzybkoscTransmisji, true);
 }
 
-bool UstawionoSzybkosc(int32_t szybkosc) {
-    if (WyborSerweraUrzadzen == 0) return ChangeSpeedPleko(szybkosc);
-    return UstawionoSzybkoscLubKanalTibbo(AdresSerweraUrzadzen, NrKanalu, szybkosc, false);
+bool UstawionoSzybkosc(int32_t baud) {
+    if (WyborSerweraUrzadzen == 0) return ChangeSpeedPleko(baud);
+    return UstawionoSzybkoscLubKanalTibbo(AdresSerweraUrzadzen, NrKanalu, baud, false);
 }
 
-bool UstawKanalPleko(int32_t kanal) {
-    bool ustawiono = false;
+bool UstawKanalPleko(int32_t channel) {
+    bool done = false;
     for (const ChannelLines& lines : kLinieKanalow) {
-        if (lines.channel != kanal) continue;
+        if (lines.channel != channel) continue;
         const bool dtr = lines.dtr ? SetDTRLine() : ClearDTRLine();
         const bool rts = lines.rts ? SetRTSLine() : ClearRTSLine();
-        ustawiono = dtr && rts;
+        done = dtr && rts;
     }
     platform::PauseMs(1);
-    return ustawiono;
+    return done;
 }
 
-bool ChangeSpeedPleko(int32_t szybkosc) {
-    TablicaPortow[PortSelector].baud = static_cast<uint32_t>(szybkosc);
+bool ChangeSpeedPleko(int32_t baud) {
+    TablicaPortow[PortSelector].baud = static_cast<uint32_t>(baud);
     if (SetSerialParameters() != 0) return false;
     platform::PauseMs(10);
     return true;

@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-void PoslanieSekwencjiSterujacej(uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
-                                 uint8_t dlugoscDanych, int32_t dlugoscOdpowiedzi);
+void PoslanieSekwencjiSterujacej(uint8_t command, uint8_t ack_length, uint8_t data_length,
+                                 int32_t answer_length);
 void OczekiwanieNaOproznienieNadajnikaPortuSzeregowego();
 bool TavloJestObecny();
-bool ZresetowanoTavloa(int32_t szybkosc, uint8_t flaga);
+bool ZresetowanoTavloa(int32_t baud, uint8_t flag);

@@ -4,6 +4,7 @@
 
 #include "links/msgqueue.h"
 #include "numbers/konwers.h"
+#include "port/device_server.h"
 #include "port/sockpro.h"
 
 void ResetDriver() {

@@ -8,6 +8,7 @@
 #include "engine/sysproc.h"
 #include "koraxdr.h"
 #include "koraxdr/state.h"
+#include "port/opening.h"
 #include "port/portpro.h"
 #include "port/sysseria.h"
 #include "support/memory_platform.h"

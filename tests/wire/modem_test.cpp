@@ -1,78 +1,59 @@
 // The modem link frame by frame: what the driver sends, and what it makes of every reply.
-#include "links/modster.h"
-
 #include <fmt/format.h>
 
+#include <cstring>
+#include <fstream>
 #include <map>
+#include <semaphore>
 #include <sstream>
 
+#include "links/controller.h"
+#include "port/device_server.h"
 #include "support/driver_test.h"
-#include "support/modem_controller.h"
+#include "support/loopback_server.h"
+#include "support/modem_frame.h"
 
 namespace {
 
-// Bodies of the frames that the driver sends most: a probe, a sequence answered by five bytes, and
-// control codes.
-constexpr const char* kBodies =
-    "P 20010000,1B23 Q 20000500,1B30 D 20000000,1B07,0182FF7F V 0000000001 C "
-    "0000000002,'nowe',00x4 "
-    "A 0000000003,'code_123' W 0000000004,0400 T 0000000005,2C01 R 0000000006 B 0000000007,FA "
-    "N 0000000008";
+// The driver's frames by their names in modem_exchanges.txt.
+const std::map<std::string, std::string> kBodies = {
+    {"probe", "20010000,1B23"},
+    {"ask", "20000500,1B30"},
+    {"send", "20000000,1B07,0182FF7F"},
+    {"version", "0000000001"},
+    {"code", "0000000002,'nowe',00x4"},
+    {"access", "0000000003,'code_123'"},
+    {"write", "0000000004,0400"},
+    {"read", "0000000005,2C01"},
+    {"repeat", "0000000006"},
+    {"rings", "0000000007,FA"},
+    {"next", "0000000008"},
+};
 
-// Turns exchanges of bodies, "P<0006+R<!0006", into those of frames. A reply is damaged by "!", cut
-// off by "%", and taken as it is behind "=".
-std::string Frames(const std::string& text) {
-    std::string frames, exchange, part, name, body;
-    for (std::istringstream exchanges(text); std::getline(exchanges, exchange, '+');) {
-        std::istringstream parts(exchange);
-        for (char sign = '>'; std::getline(parts, part, '<'); sign = '<') {
-            const char kind = part[0];
-            if (kind == '!' || kind == '%' || kind == '=') part.erase(0, 1);
-            for (std::istringstream bodies(kBodies); bodies >> name >> body;)
-                if (name == part) part = body;
-            Bytes line = kind == '=' ? FromText(part) : modem::Frame(FromText(part));
-            if (kind == '!') line[7] ^= 4;
-            if (kind == '%') line.resize(line.size() - 2);
-            frames += fmt::format("{}{:02X}", sign, fmt::join(line, ""));
-        }
-        frames += ' ';
-    }
-    return frames;
+std::string Sent(const std::string& body) {
+    return fmt::format(">{:02X}", fmt::join(modem::Frame(FromText(body)), ""));
 }
 
-// Sequences by their five arguments, their frame and its reply, the controller's channel and speed,
-// and the device's type.
-constexpr const char* kSequences =
-    "7 0 4 0 20000000,1B07,0182FF7F<00 1 9600 0 66 1 2 1 30010100,1B42,0182<00,0600 1 9600 0 "
-    "213 1 0 2 2001021D,1BD5<00,06,00FF 1 9600 0 11 110 0 0 206E001B,1B0B<00,06FF 1 9600 0 "
-    "35 1 0 0 2A010000,1B23<00,06 3 19200 0 35 1 0 0 6E010000,1B23<00,06 71 19200 0 "
-    "35 1 0 0 FF010000,1B23<00,06 0 9600 0 229 0 0 1 60000100,1BE5<00,FD 1 9600 0 "
-    "160 0 0 1 60000100,1BA0<00,06 1 9600 115 160 0 0 1 20000100,1BA0<00,00 1 9600 116 "
-    "7 0 210 0 20000000,1B07,0182FF7F,00x206<00 1 9600 0 ";
+std::string Reply(const std::string& text) {
+    const char kind = text[0];
+    const std::string rest = kind == '!' || kind == '~' || kind == '=' ? text.substr(1) : text;
+    Bytes line = kind == '=' ? FromText(rest) : modem::Frame(FromText(rest));
+    if (kind == '!') line[7] ^= 4;
+    if (kind == '~') line.resize(line.size() - 2);
+    return fmt::format("<{:02X}", fmt::join(line, ""));
+}
 
-// The limit of repeats, a probe, its outcome: noise and restarted syncs, repeats, lengths that no
-// frame has, refused frames, demands, and every reply code.
-constexpr const char* kReplies =
-    "3 P<=0055AA<00,06 0 3 P<='KO'<00,06 0 3 P<=554F52415880868086E083 0 3 P<00,15 24 "
-    "3 P<00 45 3 P 33 3 P<!00,06+R<00,06 0 3 P<!00,06+R<%00,06+R<00,06 0 0 P<!00,06 34 "
-    "3 P<!00,06+R<!00,06+R<!00,06+R<00,06 0 3 P<%00,06+R<!00,06+R<!00,06+R<!00,06 34 "
-    "0 P<='KORAX',8080 34 0 P<='KORAX',8081 34 0 P<='KORAX',8084 34 0 P<='KORAX',C0FF 34 "
-    "0 P<='KORAX',C0FC 34 3 P<01+P<01+P<00,06 0 1 P<01+P<01 35 0 P<01 35 "
-    "3 P<10+A<00+P<10 39 3 P<20+W<00+P<40+T<00+P<00,06 0 3 P<20+W<00+P<20 40 3 P<40+T<40 41 "
-    "3 P<70+A<60+W<40+T<00+P<00,06 0 3 P<02 36 3 P<03 37 3 P<74 38 3 P<05 20 3 P<45+T<05 20 "
-    "3 P<06 21 3 P<07 42 3 P<09 43 3 P<0F 43 3 P<80 43 ";
-
-// Exchanges of an answer in parts, their outcome and what is held then.
-constexpr const char* kLongAnswers =
-    "Q<08,0001+N<08,020384 0 01020384 Q<08,0001+N<!08,020384+R<08,020384 0 01020384 "
-    "Q<!08,0001+R<08,0001+N<08,020384 0 01020384 Q<08,0001+N<00,0001020384 0 01020384 "
-    "Q<08,0001+N<18,020384 0 01020384 Q<01+Q<10+A<00+Q<08,00+N<08,01020384 0 01020384 "
-    "Q<08,0001+N 33 0001 Q<08,0001+N<01 45 01";
-
-// Demands for the controller's version, their outcome and the version.
-constexpr const char* kVersions =
-    "V<00,'KONTROLER_27!' 0 KONTROLER_27 V<!00,'?'+R<00,'1.1' 0 1.1 V<01+V<00,'1.0' 0 1.0 "
-    "V<%00,'?'+R<00+V<00,'1.2' 0 1.2 V<10+A<00+V<00,'1.3' 0 1.3 V<02 36 -";
+// The bytes of a conversation of frames, as modem_exchanges.txt has them.
+std::string Frames(const std::string& conversation) {
+    std::string bytes, exchange, part;
+    for (std::istringstream exchanges(conversation); exchanges >> exchange;) {
+        std::istringstream parts(exchange);
+        std::getline(parts, part, '<');
+        bytes += Sent(kBodies.at(part));
+        while (std::getline(parts, part, '<')) bytes += Reply(part);
+    }
+    return bytes;
+}
 
 class Modem : public DriverTest {
   protected:
@@ -91,21 +72,46 @@ class Modem : public DriverTest {
         TimeoutOdbierania = 300;
         os.calls.clear();
     }
-    // The outcome of something in which exactly these frames have to be exchanged.
-    int Talk(const std::string& frames, const std::function<void()>& something) {
-        Call(Frames(frames), [&] { return something(), 0; });
+    // The outcome of something in which exactly these bytes have to be exchanged.
+    int Talk(const std::string& bytes, const std::function<void()>& something) {
+        device.Play(bytes);
+        NumerBledu = 0;
+        something();
+        device.ExpectFinished();
         return NumerBledu;
     }
-    int Exchange(const std::string& frames, int command, int ack, int data, int answer) {
+    int Exchange(const std::string& bytes, int command, int ack, int data, int answer) {
         const auto byte = [](int value) { return static_cast<uint8_t>(value); };
-        return Talk(frames, [=] {
+        return Talk(bytes, [=] {
             PoslanieSekwencjiSterujacej(byte(command), byte(ack), byte(data), answer);
         });
     }
-    int Probe(const std::string& frames) { return Exchange(frames, 0x23, 1, 0, 0); }
+    // Does what a row of modem_exchanges.txt asks for.
+    int Do(const std::string& task, const std::string& bytes) {
+        if (task == "probe") return Exchange(bytes, 0x23, 1, 0, 0);
+        if (task == "ask") return Exchange(bytes, 0x30, 0, 0, 5);
+        if (task == "send") return Exchange(bytes, 0x07, 0, 4, 0);
+        if (task == "version") {
+            return Talk(bytes, [this] { version_ = NumerWersjiProgramuKontroleraModemu(); });
+        }
+        if (task == "code") {
+            return Talk(bytes, [] { WpisanieHaslaDlaAutoryzacjiDoKontroleraModemu("nowe"); });
+        }
+        EXPECT_EQ(task, "rings");
+        return Talk(bytes, [] { WpisanieIlosciDzwonkowDoKontroleraModemu(250); });
+    }
+    // What a row of modem_exchanges.txt says about it, of which an answer has so many digits.
+    std::string Held(const std::string& task, std::size_t hex_digits) const {
+        if (task == "version") return version_;
+        if (task == "code") return {Autoryzacja, std::find(Autoryzacja, Autoryzacja + 8, 0)};
+        return fmt::format("{:02X}", fmt::join(Answer(hex_digits / 2), ""));
+    }
     static Bytes Answer(std::size_t count) {
         return {BajtyOdebrane + 1, BajtyOdebrane + 1 + count};
     }
+
+  private:
+    std::string version_;
 };
 
 // Seven body bytes take eight on the line, eight take ten; top bits in every place.
@@ -118,47 +124,69 @@ TEST_F(Modem, FramesAreTheseBytes) {
 }
 
 TEST_F(Modem, AFrameTellsTheWholeSequence) {
-    int command, ack, data, answer, channel, baud, type;
-    std::string frames;
-    for (std::istringstream rows(kSequences);
-         rows >> command >> ack >> data >> answer >> frames >> channel >> baud >> type;) {
+    struct Row {
+        int command, ack, data, answer;
+        const char *body, *reply;
+        int channel = 1, baud = 9600, type = 0;
+    };
+    for (const Row& row : {
+             Row{0x07, 0, 4, 0, "20000000,1B07,0182FF7F", "00"},
+             {0x42, 1, 2, 1, "30010100,1B42,0182", "00,0600"},
+             {0xD5, 1, 0, 2, "2001021D,1BD5", "00,06,00FF"},  // a list of records
+             {0x0B, 110, 0, 0, "206E001B,1B0B", "00,06FF"},
+             {0x23, 1, 0, 0, "2A010000,1B23", "00,06", 3, 19200},
+             {0x23, 1, 0, 0, "6E010000,1B23", "00,06", 71, 19200},
+             {0x23, 1, 0, 0, "FF010000,1B23", "00,06", 0},
+             {0xE5, 0, 0, 1, "60000100,1BE5", "00,FD"},  // a short answer
+             {0xA0, 0, 0, 1, "60000100,1BA0", "00,06", 1, 9600, 115},
+             {0xA0, 0, 0, 1, "20000100,1BA0", "00,00", 1, 9600, 116},
+             {0x07, 0, 210, 0, "20000000,1B07,0182FF7F,00x206", "00"},
+         }) {
+        SCOPED_TRACE(row.body);
         Begin();
-        NrKanaluWKontrolerzeModemu = static_cast<uint8_t>(channel);
-        SzybkoscTransmisjiMiedzyKasaIKontrolerem = baud;
-        SzczegoloweDaneOTypieUrzadzenia.kodTypu = static_cast<uint8_t>(type);
-        EXPECT_EQ(Exchange(frames, command, ack, data, answer), 0) << frames;
+        NrKanaluWKontrolerzeModemu = static_cast<uint8_t>(row.channel);
+        SzybkoscTransmisjiMiedzyKasaIKontrolerem = row.baud;
+        SzczegoloweDaneOTypieUrzadzenia.kodTypu = static_cast<uint8_t>(row.type);
+        const std::string bytes = Sent(row.body) + Reply(row.reply);
+        EXPECT_EQ(Exchange(bytes, row.command, row.ack, row.data, row.answer), 0);
     }
     EXPECT_EQ(Exchange("", 0x07, 0, 211, 0), 32) << "too long for a frame";
-    NumerBledu = 0;
     const auto continuation = [] { OgolnePoslanieSekwencjiSterujacej(2, 0x42, 1, 2, 1); };
-    EXPECT_EQ(Talk("30010100,0182<00,0600", continuation), 0);
+    EXPECT_EQ(Talk(Sent("30010100,0182") + Reply("00,0600"), continuation), 0);
     Optimize = 1;
-    device.Play(Frames("30010100,1B42,0182<00,0600") + ">0182");
-    EXPECT_EQ(Exchange("", 0x42, 1, 2, 1), 0) << "the block write goes to the port, as it is meant";
+    const std::string frame = Sent("30010100,1B42,0182") + Reply("00,0600");
+    EXPECT_EQ(Exchange(frame + ">0182", 0x42, 1, 2, 1), 0)
+        << "the block write goes to the port, as it is meant";
 }
 
 TEST_F(Modem, RepliesAndTheirCorrection) {
-    int repeats, result;
-    std::string frames;
-    for (std::istringstream rows(kReplies); rows >> repeats >> frames >> result;) {
-        Begin(repeats);
-        EXPECT_EQ(Probe(frames), result) << frames;
-        EXPECT_EQ(Probe("P<00,06"), 0) << "after " << frames;
+    std::ifstream file(TESTS_DIR "/wire/modem_exchanges.txt");
+    int rows = 0;
+    for (std::string line; std::getline(file, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        SCOPED_TRACE(line);
+        std::istringstream columns(line);
+        std::string repeats, task, conversation, outcome, held;
+        for (std::string* column : {&repeats, &task, &conversation, &outcome, &held}) {
+            std::getline(columns >> std::ws, *column, '|');
+            column->erase(column->find_last_not_of(' ') + 1);
+        }
+        Begin(std::stoi(repeats));
+        EXPECT_EQ(Do(task, Frames(conversation)), std::stoi(outcome));
+        EXPECT_EQ(Held(task, held.size()), held);
+        EXPECT_EQ(Bytes(BajtyDoPoslania + 1, BajtyDoPoslania + 5), FromText("0182FF7F"));
+        EXPECT_EQ(Do("probe", Frames("probe<00,06")), 0) << "the next exchange is not touched";
+        ++rows;
     }
-    EXPECT_EQ(Exchange("D<!00+R<00", 7, 0, 4, 0), 0);
-    EXPECT_EQ(LicznikRetransmisjiZKontroleraModemu - LicznikRetransmisjiDoKontroleraModemu, 1);
+    EXPECT_GT(rows, 60);
 }
 
-TEST_F(Modem, LongAnswersComeInParts) {
-    int result;
-    std::string frames, answer;
-    for (std::istringstream rows(kLongAnswers); rows >> frames >> result >> answer;) {
-        Begin();
-        EXPECT_EQ(Exchange(frames, 0x30, 0, 0, 5), result) << frames;
-        EXPECT_EQ(Answer(answer.size() / 2), FromText(answer)) << frames;
-    }
-    EXPECT_EQ(Exchange("2000FF00,1B30<08,00x200+N<08,07x200", 0x30, 0, 0, 255), 0) << "cut to 255";
-    EXPECT_EQ(BajtyOdebrane[199] + BajtyOdebrane[200], 7);
+TEST_F(Modem, ALongAnswerIsCutToTheBuffer) {
+    const std::string parts =
+        Sent("2000FF00,1B30") + Reply("08,00x200") + Sent(kBodies.at("next")) + Reply("08,07x200");
+    EXPECT_EQ(Exchange(parts, 0x30, 0, 0, 255), 0);
+    EXPECT_EQ(BajtyOdebrane[199], 0);
+    EXPECT_EQ(BajtyOdebrane[200], 7);
 }
 
 TEST_F(Modem, FailuresOfTheLine) {
@@ -168,32 +196,25 @@ TEST_F(Modem, FailuresOfTheLine) {
     EXPECT_NE(os.TakeCalls().find(" w7 r8; pause 100"), std::string::npos);
     TimeoutNadawaniaPrzezModem = TimeoutOdbieraniaPrzezModem = 3;
     for (uint8_t code : Bytes{0, 9, 255}) {
-        NumerBledu = 0;
-        EXPECT_EQ(Talk("", [=] { PoslanieKoduSterujacegoDoModemu(code); }), 36);
+        EXPECT_EQ(Talk("", [=] { PoslanieKoduSterujacegoDoModemu(code); }), 36) << int{code};
     }
     os.writable_bytes = 5;
-    device.Play(">4B4F524158");
-    EXPECT_EQ(Probe(""), 32);
+    EXPECT_EQ(Do("probe", ">4B4F524158"), 32);
     os.modem_lines[0] = os.modem_lines[1] = 0x70;
-    EXPECT_EQ(Probe(""), 30);
+    EXPECT_EQ(Do("probe", ""), 30);
 }
 
-TEST_F(Modem, ControllerCommands) {
-    int result;
-    std::string frames, version, expected;
-    for (std::istringstream rows(kVersions); rows >> frames >> result >> expected;) {
+// Every frame: a reply to a control code must not be taken for that of a code before, either.
+TEST_F(Modem, WhatTheLineStillHoldsIsNotTheReply) {
+    for (const char* task : {"probe", "version"}) {
+        os.Answer(modem::Frame(FromText("00,15")));
+        device.Play(Frames(std::string(task) + "<00,06"));
         NumerBledu = 0;
-        const auto ask = [&] { version = NumerWersjiProgramuKontroleraModemu(); };
-        EXPECT_EQ(Talk(frames, ask), result) << frames;
-        EXPECT_EQ(version, result == 0 ? expected : "");
+        if (*task == 'p') PoslanieSekwencjiSterujacej(0x23, 1, 0, 0);
+        if (*task == 'v') PoslanieKoduSterujacegoDoModemu(kCodeVersion);
+        EXPECT_EQ(NumerBledu, 0) << task;
+        EXPECT_EQ(BajtyOdebrane[1], 6) << task;
     }
-    const auto code = [] { WpisanieHaslaDlaAutoryzacjiDoKontroleraModemu("nowe"); };
-    EXPECT_EQ(Talk("C<04", code), 38);
-    EXPECT_EQ(Autoryzacja[0], 'c') << "the old one is still in force";
-    EXPECT_EQ(Talk("C<00", code), 0);
-    EXPECT_EQ(Bytes(Autoryzacja, Autoryzacja + 8), FromText("'nowe',00x4"));
-    EXPECT_EQ(Talk("B<01+B<00", [] { WpisanieIlosciDzwonkowDoKontroleraModemu(250); }), 0);
-    EXPECT_EQ(Bytes(BajtyDoPoslania + 1, BajtyDoPoslania + 5), FromText("0182FF7F")) << "put back";
 }
 
 TEST_F(Modem, StringsForTheModemItself) {
@@ -202,15 +223,62 @@ TEST_F(Modem, StringsForTheModemItself) {
                                                         {"", ""},
                                                         {std::string(300, 'x'), ">78x254,0D"}};
     for (const auto& [text, sent] : strings) {
-        device.Play(sent);
-        PoslanieNapisuDoModemu(text.c_str());
-        device.ExpectFinished();
+        EXPECT_EQ(Talk(sent, [&] { PoslanieNapisuDoModemu(text.c_str()); }), 0) << text;
         EXPECT_EQ(os.TakeCalls(), "pause 100; pause 100");
     }
-    EXPECT_EQ(NumerBledu + TimeoutNadawania + BudowacRamkeModemowa, 0 + 4 + 1);
+    EXPECT_EQ(TimeoutNadawania, 4) << "put back";
+    EXPECT_EQ(BudowacRamkeModemowa, 1) << "put back";
     os.writable_bytes = 0;
-    PoslanieNapisuDoModemu("AT");
-    EXPECT_EQ(NumerBledu, 32);
+    EXPECT_EQ(Talk("", [] { PoslanieNapisuDoModemu("AT"); }), 32);
+}
+
+class FramesOverTcp : public DriverTest {
+  protected:
+    FramesOverTcp() { WyborSerweraUrzadzen = TransmisjaPrzezTCP = 1; }
+    ~FramesOverTcp() override { WyborSerweraUrzadzen = 0; }
+    static void Connect(const LoopbackServer& server) {
+        std::strcpy(AdresSerweraUrzadzen, "127.0.0.1");
+        PortTransmisjiSerweraUrzadzen = server.port();
+        InicjujKompletniePortSzeregowy();
+        ASSERT_EQ(ZainicjowanoPortSzeregowy, 1);
+    }
+    // Asks for one byte; the outcome.
+    static int Ask() {
+        PoslanieSekwencjiSterujacej(0x30, 0, 0, 2);
+        return NumerBledu;
+    }
+};
+
+TEST_F(FramesOverTcp, AnAnswerThatCameTooLateIsNotTheNextOnes) {
+    std::counting_semaphore<9> may_answer(0);
+    uint8_t asked = 0;
+    const LoopbackServer server("127.0.0.1", 0, [&](const Bytes& bytes) {
+        EXPECT_EQ(modem::Unframe(bytes), FromText("20000200,1B30"));
+        may_answer.acquire();
+        return modem::Frame({0, 0, ++asked});
+    });
+    Connect(server);
+    TimeoutOdbierania = 0;
+    EXPECT_EQ(Ask(), 33);
+    may_answer.release();
+    server.AwaitDelivered(1);
+    TimeoutOdbierania = 5;
+    for (uint8_t question = 2; question < 5; ++question) {
+        may_answer.release();
+        EXPECT_EQ(Ask(), 0);
+        EXPECT_EQ(BajtyOdebrane[1], question);
+    }
+    EXPECT_EQ(os.TakeCalls(), "") << "the serial line has no part in it";
+    OdinicjujPortSzeregowy();
+}
+
+TEST_F(FramesOverTcp, AConnectionThatIsGoneFailsTheExchange) {
+    const LoopbackServer server("127.0.0.1", 0, [](const Bytes&) { return Bytes{}; });
+    Connect(server);
+    EXPECT_EQ(Ask(), 33);
+    const int again = Ask();  // the system may know already when the frame is sent
+    EXPECT_TRUE(again == 32 || again == 33) << again;
+    OdinicjujPortSzeregowy();
 }
 
 }  // namespace

@@ -5,9 +5,10 @@
 
 #include <sstream>
 
+#include "port/device_server.h"
 #include "port/sockpro.h"
 #include "support/driver_test.h"
-#include "support/modem_controller.h"
+#include "support/loopback_server.h"
 
 namespace {
 
@@ -164,7 +165,7 @@ TEST_F(Channel, DeviceServerIsProgrammed) {
     WyborSerweraUrzadzen = 1;
     address.copy(AdresSerweraUrzadzen, sizeof AdresSerweraUrzadzen - 1);
     EXPECT_EQ(program(1, 9600, true), "!") << "nobody listens";
-    const modem::LoopbackServer server(address.c_str(), 65535, [&](const Bytes& bytes) {
+    const LoopbackServer server(address.c_str(), 65535, [&](const Bytes& bytes) {
         commands += std::string(bytes.begin(), bytes.end()) + " ";
         const bool refused = std::count(commands.begin(), commands.end(), ' ') == refusal;
         return FromText(refusal == 7 ? "" : refused ? "'N'" : "'A'");

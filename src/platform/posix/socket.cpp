@@ -82,6 +82,15 @@ bool ReceiveByte(SocketHandle socket, uint8_t& byte, uint32_t timeout_ms) {
     }
 }
 
+void DiscardReceived(SocketHandle socket) {
+    uint8_t discarded[4096];
+    for (uint32_t total = 0; total < kMostDiscarded;) {
+        const ssize_t count = recv(static_cast<int>(socket), discarded, sizeof discarded, 0);
+        if (count <= 0) return;
+        total += static_cast<uint32_t>(count);
+    }
+}
+
 bool CloseSocket(SocketHandle socket) {
     return close(static_cast<int>(socket)) == 0 || errno == EINTR;
 }

@@ -88,6 +88,15 @@ bool ReceiveByte(SocketHandle handle, uint8_t& byte, uint32_t timeout_ms) {
     }
 }
 
+void DiscardReceived(SocketHandle handle) {
+    char discarded[4096];
+    for (uint32_t total = 0; total < kMostDiscarded;) {
+        const int count = recv(static_cast<SOCKET>(handle), discarded, sizeof discarded, 0);
+        if (count <= 0) return;
+        total += static_cast<uint32_t>(count);
+    }
+}
+
 bool CloseSocket(SocketHandle handle) {
     return closesocket(static_cast<SOCKET>(handle)) == 0;
 }
