@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, std::size_t count) {
     hostile.framed = TransmisjaPrzezModem != 0;
     RetransmitowacSekwencjeSterujaca = how >> 1 & 1;
     MaksymalnaLiczbaRetransmisji = (how & 0x80) != 0 ? 255 : how >> 2 & 3;
-    SzczegoloweDaneOTypieUrzadzenia.kodTypu = input.Byte();
+    SzczegoloweDaneOTypieUrzadzenia.type_code = input.Byte();
     for (int i = 1; i < kRozmiarBuforaWymiany; ++i)
         BajtyDoPoslania[i] = static_cast<uint8_t>(i * how);
     const uint32_t mode = (how >> 4 & 3) % 3;

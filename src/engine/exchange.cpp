@@ -1,6 +1,7 @@
 // One control-sequence exchange, byte by byte, over the link in force.
 #include <cstring>
 
+#include "engine/command_rules.h"
 #include "engine/sysproc.h"
 #include "engine/wcster.h"
 #include "links/controller.h"
@@ -8,6 +9,7 @@
 #include "port/opening.h"
 #include "port/portpro.h"
 #include "port/sysseria.h"
+#include "port/wire_bytes.h"
 
 uint8_t BajtyDoPoslania1[kRozmiarBuforaWymiany];
 uint8_t BajtOdmowy = 0;
@@ -18,13 +20,8 @@ DeviceTypeDetails SzczegoloweDaneOTypieUrzadzenia;
 
 namespace {
 
-constexpr uint8_t kEsc = 0x1B;
-constexpr uint8_t kAck = 0x06;
-constexpr uint8_t kNak = 0x15;
-constexpr uint8_t kKoniecRekordow = 0xFF;
-constexpr uint8_t kMiejsceStatusu = 255;  // where some commands keep their status byte
-constexpr uint8_t kStatusDwochBajtow = 122;
-constexpr uint8_t kPierwszyKodTypuNowszego = 116;  // model codes from here on answer 0xA0 with 0
+constexpr int kMiejsceStatusu =
+    255;  // in BajtyOdebrane, where some commands keep their status byte
 
 // What one call was asked for, and what the command byte makes of it.
 struct Exchange {
@@ -33,39 +30,8 @@ struct Exchange {
     uint8_t ack_length;
     uint8_t data_length;
     uint8_t answer_length;  // some commands rewrite it from the status byte
-    bool record_mode;       // the answer is a list of records that 0xFF ends early
-    uint8_t record_length;  // 0: no early end
+    RecordList records;
 };
-
-template <size_t N>
-constexpr bool JednaZ(uint8_t value, const uint8_t (&list)[N]) {
-    for (const uint8_t item : list) {
-        if (item == value) return true;
-    }
-    return false;
-}
-
-// Commands whose first answered byte is the datum itself instead of the acknowledgement.
-constexpr uint8_t kBezPotwierdzenia[] = {0x94, 0x95, 0x96, 0x9B, 0x9F, 0xF4};
-// Commands whose status byte is not checked.
-constexpr uint8_t kBezSprawdzaniaStatusu[] = {0x72, 0x31, 0xF9, 0x11};
-// Commands whose status byte is set aside and counts as success.
-constexpr uint8_t kZeStatusemOdlozonym[] = {0x9A, 0xFC, 0x4D};
-constexpr uint8_t kRozkazE5 = 0xE5;
-constexpr uint8_t kRozkazA0 = 0xA0;
-constexpr uint8_t kRozkazA1 = 0xA1;
-
-struct RecordRule {
-    uint8_t command;
-    uint8_t length;
-};
-constexpr RecordRule kRekordyRozkazow[] = {
-    {0x47, 13}, {0x48, 13}, {0x61, 38}, {0xA2, 11}, {0xA3, 11}, {0xA5, 11}, {0xAD, 16},
-    {0xAE, 16}, {0xD5, 29}, {0xD6, 29}, {0xE7, 4},  {0xE9, 20}, {0xEE, 20}, {0xEA, 8},
-};
-// Of 0xA1 by its sub-command; each also with the top bit set.
-constexpr RecordRule kRekordyRozkazuA1[] = {{0, 17}, {1, 21}, {2, 30}, {3, 38}, {16, 12}};
-constexpr uint8_t kRekordA1Wegierski = 33;
 
 bool LaczeRamkowe() {
     return TransmisjaPrzezModem || TransmisjaPrzezTCP;
@@ -76,8 +42,12 @@ bool BajtyWstrzymane() {
     return TransmisjaPrzezTCP || (TransmisjaPrzezModem && BudowacRamkeModemowa);
 }
 
-bool Niepowodzenie(int32_t numer) {
-    UstawNumerBledu(numer);
+uint8_t Model() {
+    return SzczegoloweDaneOTypieUrzadzenia.type_code;
+}
+
+bool Niepowodzenie(int32_t internal_number) {
+    UstawNumerBledu(internal_number);
     return false;
 }
 
@@ -85,59 +55,28 @@ bool PotwierdzenieZDanymi(const Exchange& e) {
     return e.ack_length != 0 && e.data_length != 0;
 }
 
-bool StaryTypDlaA0(const Exchange& e) {
-    return e.command == kRozkazA0 &&
-           SzczegoloweDaneOTypieUrzadzenia.kodTypu < kPierwszyKodTypuNowszego;
-}
-
-void OkreslRekordy(Exchange& e) {
-    e.record_mode = false;
-    e.record_length = 0;
-    if (e.command == 0x0A || e.command == 0x0B) {
-        if (e.ack_length == 110 && e.data_length == 0 && e.answer_length == 0) {
-            e.record_mode = true;
-            e.record_length = 27;
-        }
-        return;
-    }
-    if (e.command == kRozkazA1) {
-        // A sub-command outside the list leaves the length 0, so that its answer has no early end.
-        const uint8_t rodzaj = BajtyDoPoslania[1] & 0x7F;
-        e.record_mode = true;
-        for (const RecordRule& rule : kRekordyRozkazuA1) {
-            if (rule.command == rodzaj) e.record_length = rule.length;
-        }
-        if (rodzaj == 2 && KasaWegierska()) e.record_length = kRekordA1Wegierski;
-        return;
-    }
-    for (const RecordRule& rule : kRekordyRozkazow) {
-        if (rule.command != e.command) continue;
-        e.record_mode = true;
-        e.record_length = rule.length;
-    }
-}
-
-bool OdebranoBajt(uint8_t& bajt) {
-    if (!LaczeRamkowe()) return OdebranoBajtBezposrednio(bajt);
+bool OdebranoBajt(uint8_t& byte) {
+    if (!LaczeRamkowe()) return OdebranoBajtBezposrednio(byte);
     if (WskaznikOdczytuZBuforaModemu >= MaksymalnyWskaznikOdczytuZBuforaModemu) {
-        bajt = 0;
+        byte = 0;
         return Niepowodzenie(kBladKoniecRamki);
     }
-    bajt = BajtyOdebrane[++WskaznikOdczytuZBuforaModemu];
+    byte = BajtyOdebrane[++WskaznikOdczytuZBuforaModemu];
     return true;
 }
 
 // Bytes 2 to `limit` of a phase. The second byte overwrites the one that opened the phase; callers
 // rely on finding the answer from index 1.
-bool OdebranoReszte(const Exchange& e, uint8_t limit) {
+bool OdebranoReszte(const RecordList& records, uint8_t limit) {
     for (int i = 2; i <= limit; ++i) {
         if (TransmisjaPrzezTavloa && !WyslanoPotwierdzenieDoTavloa()) {
             return Niepowodzenie(kBladTimeoutNadawania);
         }
-        uint8_t& bajt = BajtyOdebrane[i - 1];
-        if (!OdebranoBajt(bajt)) return false;
-        const bool poczatekRekordu = e.record_length != 0 && (i - 1) % e.record_length == 1;
-        if (e.record_mode && poczatekRekordu && bajt == kKoniecRekordow) return true;
+        uint8_t& byte = BajtyOdebrane[i - 1];
+        if (!OdebranoBajt(byte)) return false;
+        const bool record_begins =
+            records.record_length != 0 && (i - 1) % records.record_length == 1;
+        if (records.is_list && record_begins && byte == kKoniecRekordow) return true;
     }
     return true;
 }
@@ -155,43 +94,41 @@ bool UstalonoLaczeTavloa() {
 // less on every exchange, and the same bytes on the line.
 bool PoslanoRozkaz(const Exchange& e) {
     if (BajtyWstrzymane()) return true;
-    const uint8_t poczatek[] = {kEsc, e.command};
-    BylTimeout = PoslanoCiagBajtow1(poczatek, sizeof poczatek) ? 0 : 1;
+    const uint8_t start[] = {kEsc, e.command};
+    BylTimeout = PoslanoCiagBajtow1(start, sizeof start) ? 0 : 1;
     return !BylTimeout || Niepowodzenie(kBladTimeoutNadawania);
 }
 
 // On the communication component the data go out before the acknowledgement, closed by a code that
-// tells the component what is still to come. `potwierdzicKoniec` is set for the higher codes.
-bool PoslanoDaneDoTavloa(const Exchange& e, bool& potwierdzicKoniec) {
-    potwierdzicKoniec = e.answer_length == 0 && (e.ack_length == 0 || e.data_length != 0);
-    const uint8_t kod =
-        PotwierdzenieZDanymi(e) ? (potwierdzicKoniec ? 2 : 0) : (potwierdzicKoniec ? 3 : 1);
-    return (PoslanoCiagBajtow(e.data_length) && PoslanoKodKoncaDanych(kod)) ||
+// tells the component what is still to come. `confirm_end` is set for the higher codes.
+bool PoslanoDaneDoTavloa(const Exchange& e, bool& confirm_end) {
+    confirm_end = e.answer_length == 0 && (e.ack_length == 0 || e.data_length != 0);
+    const uint8_t code = PotwierdzenieZDanymi(e) ? (confirm_end ? 2 : 0) : (confirm_end ? 3 : 1);
+    return (PoslanoCiagBajtow(e.data_length) && PoslanoKodKoncaDanych(code)) ||
            Niepowodzenie(kBladTimeoutNadawania);
 }
 
 bool PotwierdzonoKoniecTavloa() {
-    uint8_t bajt = 0;
+    uint8_t byte = 0;
     if (!WyslanoPotwierdzenieDoTavloa()) return Niepowodzenie(kBladTimeoutNadawania);
-    if (!OdebranoBajt(bajt)) return false;
-    return bajt == 0 || Niepowodzenie(kBladNiepoprawnaOdpowiedz);
+    if (!OdebranoBajt(byte)) return false;
+    return byte == 0 || Niepowodzenie(kBladNiepoprawnaOdpowiedz);
 }
 
 // Sends the sequence as a frame until an answer frame is held. The correction ends it: it leaves an
 // error standing once its repeats are used up.
 bool WymienionoRamki(const Exchange& e) {
-    constexpr uint8_t krotkie[] = {kRozkazE5, 0x9A, 0x72, 0x31, 0xF9, 0x11, 0xFC};
     const FrameOrder order = {
         .control = false,
         .with_command = e.mode != kTrybKontynuacja,
         .ack_and_data = PotwierdzenieZDanymi(e),
-        .record_mode = e.record_mode,
-        .short_answer = JednaZ(e.command, krotkie) || StaryTypDlaA0(e),
+        .record_mode = e.records.is_list,
+        .short_answer = ZKrotkaOdpowiedzia(e.command, Model()),
         .command = e.command,
         .ack_length = e.ack_length,
         .data_length = e.data_length,
         .answer_length = e.answer_length,
-        .record_length = e.record_length,
+        .record_length = e.records.record_length,
     };
     ZerujLicznikiRetransmisji();
     while (true) {
@@ -199,55 +136,27 @@ bool WymienionoRamki(const Exchange& e) {
         if (!WymianaUdana()) return false;
         OdebranieRamkiZModemu();
         if (WymianaUdana()) return true;
-        const uint8_t blad = NumerBledu;
+        const uint8_t error = NumerBledu;
         KorygowanieBledowTransmisjiModemowej();
         if (!WymianaUdana()) return false;
         // After these the correction has fetched the answer; after any other the frame goes again.
         // What it got instead, a consent or a refusal, is no answer, and an exchange that expects
         // none must not take it for success.
-        if (blad == kBladOdbiorZModemu || blad == kBladCrc || blad == kBladPierwszaCzescDanych) {
+        if (error == kBladOdbiorZModemu || error == kBladCrc || error == kBladPierwszaCzescDanych) {
             return OdebranoDaneOdpowiedzi || Niepowodzenie(kBladKoniecRamki);
         }
     }
 }
 
-int32_t BladPotwierdzenia(const Exchange& e, uint8_t bajt) {
-    if (bajt == kNak) return kBladNak;
-    if (e.mode == kTrybZwykly) {
-        if (bajt == 1) return kBladPotwierdzenie1;
-        if (bajt == 101) return kBladPotwierdzenie101;
-        if (bajt == 200) return kBladPotwierdzenie200;
-    }
-    return kBladNiepoprawnaOdpowiedz;
-}
-
 bool OdebranoPotwierdzenie(const Exchange& e) {
     if (e.ack_length == 0) return true;
     if (!OdebranoBajt(BajtyOdebrane[1])) return false;
-    const uint8_t bajt = BajtyOdebrane[1];
-    if (bajt != kAck && !JednaZ(e.command, kBezPotwierdzenia)) {
-        BajtOdmowy = bajt;
-        return Niepowodzenie(BladPotwierdzenia(e, bajt));
+    const uint8_t byte = BajtyOdebrane[1];
+    if (byte != kAck && !BezPotwierdzenia(e.command)) {
+        BajtOdmowy = byte;
+        return Niepowodzenie(BladPotwierdzenia(byte, e.mode != kTrybZwykly));
     }
-    return OdebranoReszte(e, e.ack_length);
-}
-
-// Runs of device status bytes and the internal numbers they stand for. Status 6 is left out on
-// purpose: after the data only 0 means success.
-struct StatusRun {
-    uint8_t first, last;
-    int32_t internal;
-};
-constexpr StatusRun kStatusy[] = {
-    {2, 5, 67},     {7, 18, 71},    {19, 19, kBladSumaXor}, {100, 109, 83},
-    {111, 112, 94}, {115, 115, 96}, {117, 117, 97},         {120, 132, 98},
-};
-
-int32_t BladStatusu(uint8_t status) {
-    for (const StatusRun& run : kStatusy) {
-        if (status >= run.first && status <= run.last) return run.internal + (status - run.first);
-    }
-    return kBladNiepoprawnaOdpowiedz;
+    return OdebranoReszte(e.records, e.ack_length);
 }
 
 void OdlozStatus() {
@@ -255,29 +164,11 @@ void OdlozStatus() {
     BajtyOdebrane[1] = 0;
 }
 
-// The status byte of 0xE5 tells how many bytes follow it.
-bool OkreslonoOdpowiedzE5(Exchange& e) {
-    const uint8_t status = BajtyOdebrane[1];
-    const uint8_t kod = SzczegoloweDaneOTypieUrzadzenia.kodTypu;
-    uint8_t dalszych = 0;
-    switch (status) {
-        case 250:
-            dalszych = kod == 24 || kod == 27 ? 38 : 42;
-            break;
-        case 251:
-            dalszych = 17;
-            break;
-        case 252:
-            dalszych = 8;
-            break;
-        case 253:
-        case 254:
-            break;
-        default:
-            return Niepowodzenie(kBladNiepoprawnaOdpowiedz);
-    }
+bool OkreslonoDlugoscPoStatusie(Exchange& e) {
+    const int following = DlugoscPoStatusie(BajtyOdebrane[1], Model());
+    if (following < 0) return Niepowodzenie(kBladNiepoprawnaOdpowiedz);
     OdlozStatus();
-    e.answer_length = static_cast<uint8_t>(dalszych + 1);
+    e.answer_length = static_cast<uint8_t>(following + 1);
     return true;
 }
 
@@ -287,18 +178,20 @@ bool OdebranoOdpowiedz(Exchange& e) {
         return Niepowodzenie(kBladTimeoutNadawania);
     }
     if (!OdebranoBajt(BajtyOdebrane[1])) return false;
-    if (e.command == kRozkazE5 && !OkreslonoOdpowiedzE5(e)) return false;
-    if (JednaZ(e.command, kZeStatusemOdlozonym)) OdlozStatus();
-    if (StaryTypDlaA0(e) && BajtyOdebrane[1] == kAck) BajtyOdebrane[1] = 0;
+    if (ZDlugosciaWStatusie(e.command) && !OkreslonoDlugoscPoStatusie(e)) return false;
+    if (ZeStatusemOdlozonym(e.command)) OdlozStatus();
+    if (ZPotwierdzeniemWStatusie(e.command, Model()) && BajtyOdebrane[1] == kAck) {
+        BajtyOdebrane[1] = 0;
+    }
 
     const uint8_t status = BajtyOdebrane[1];
-    if (status == 0 || JednaZ(e.command, kBezSprawdzaniaStatusu)) {
-        return OdebranoReszte(e, e.answer_length);
+    if (status == 0 || BezSprawdzaniaStatusu(e.command)) {
+        return OdebranoReszte(e.records, e.answer_length);
     }
     BajtOdmowy = status;
     UstawNumerBledu(BladStatusu(status));
     // Two more bytes follow this status on the line; its error stands unless they do not come.
-    if (status == kStatusDwochBajtow && !LaczeRamkowe()) OdebranoReszte(e, 3);
+    if (status == kStatusDwochBajtow && !LaczeRamkowe()) OdebranoReszte(e.records, 3);
     return false;
 }
 
@@ -317,32 +210,31 @@ void PrzeprowadzWymiane(Exchange& e) {
     if (e.mode != kTrybKontynuacja) CzyscPortSzeregowy();
     if (!UstalonoLaczeTavloa()) return;
     if (e.mode != kTrybKontynuacja && !PoslanoRozkaz(e)) return;
-    bool potwierdzicKoniec = false;
-    if (TransmisjaPrzezTavloa && !PoslanoDaneDoTavloa(e, potwierdzicKoniec)) return;
+    bool confirm_end = false;
+    if (TransmisjaPrzezTavloa && !PoslanoDaneDoTavloa(e, confirm_end)) return;
     if (LaczeRamkowe() && !WymienionoRamki(e)) return;
     if (!OdebranoPotwierdzenie(e)) return;
     if (!TransmisjaPrzezTavloa && !WyslanoDane(e)) return;
-    if (potwierdzicKoniec && !PotwierdzonoKoniecTavloa()) return;
+    if (confirm_end && !PotwierdzonoKoniecTavloa()) return;
     if (!OproznionoNadajnik(e)) return;
     OdebranoOdpowiedz(e);
 }
 
 }  // namespace
 
-void OgolnePoslanieSekwencjiSterujacej(uint32_t tryb, uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
-                                       uint8_t dlugoscDanych, uint8_t dlugoscOdpowiedzi) {
+void OgolnePoslanieSekwencjiSterujacej(uint32_t mode, uint8_t command, uint8_t ack_length,
+                                       uint8_t data_length, uint8_t answer_length) {
     if (KomunikacjaDlaNivy) {
         WykrywanieHardwareDoFunkcjiSpecjalnejDlaKasyNivo();
         if (!WymianaUdana()) return;
     }
-    Exchange e = {.mode = tryb,
-                  .command = rozkaz,
-                  .ack_length = dlugoscPotwierdzenia,
-                  .data_length = dlugoscDanych,
-                  .answer_length = dlugoscOdpowiedzi,
-                  .record_mode = false,
-                  .record_length = 0};
-    OkreslRekordy(e);
+    Exchange e = {.mode = mode,
+                  .command = command,
+                  .ack_length = ack_length,
+                  .data_length = data_length,
+                  .answer_length = answer_length,
+                  .records = ListaRekordow(command, ack_length, data_length, answer_length,
+                                           BajtyDoPoslania[1], KasaWegierska())};
     WTrakcieSekwencjiSterujacej = 1;
     ZablokujPrzerwania();
     PrzeprowadzWymiane(e);
@@ -350,32 +242,32 @@ void OgolnePoslanieSekwencjiSterujacej(uint32_t tryb, uint8_t rozkaz, uint8_t dl
     WTrakcieSekwencjiSterujacej = 0;
 }
 
-bool PoslanoCiagBajtow(uint8_t ile) {
-    if (ile == 0) return true;
+bool PoslanoCiagBajtow(uint8_t count) {
+    if (count == 0) return true;
     if (Optimize) {
         // The block goes to the port on a framed link too; only the single bytes honour the link.
-        std::memcpy(BajtyDoPoslania1, &BajtyDoPoslania[1], ile);
-        return PoslanoCiagBajtow1(BajtyDoPoslania1, ile);
+        std::memcpy(BajtyDoPoslania1, &BajtyDoPoslania[1], count);
+        return PoslanoCiagBajtow1(BajtyDoPoslania1, count);
     }
-    for (int i = 1; i <= ile; ++i) {
+    for (int i = 1; i <= count; ++i) {
         PoslijBajtUwzgledniajacModem(BajtyDoPoslania[i]);
         if (BylTimeout) return false;
     }
     return true;
 }
 
-void PoslijBajtUwzgledniajacModem(uint8_t bajt) {
+void PoslijBajtUwzgledniajacModem(uint8_t byte) {
     if (BajtyWstrzymane()) {
         BylTimeout = 0;  // what is not written cannot time out
         return;
     }
-    PoslijNaPortSzeregowy(bajt);
+    PoslijNaPortSzeregowy(byte);
 }
 
 uint8_t OdbierzBajtUwzgledniajacModem() {
-    uint8_t bajt = 0;
-    OdebranoBajt(bajt);
-    return bajt;
+    uint8_t byte = 0;
+    OdebranoBajt(byte);
+    return byte;
 }
 
 uint8_t Moje_fmod(uint8_t a, uint8_t b) {
@@ -387,8 +279,7 @@ void Moje_delay(uint32_t ms) {
 }
 
 bool KasaWegierska() {
-    const uint8_t kod = SzczegoloweDaneOTypieUrzadzenia.kodTypu;
-    return kod == 117 || kod == 118;
+    return ModelWegierski(Model());
 }
 
 // Calls come from one thread at a time, so there is nothing to lock out.

@@ -21,10 +21,10 @@ namespace {
 constexpr char kRozkazBreak = 'b';
 
 void WznowPort() {
-    const bool uspiona = FunkcjaWStanieUspienia != 0;
+    const bool was_suspended = FunkcjaWStanieUspienia != 0;
     // First of all: the opening may itself make an exchange, to select a multiplexer channel.
     FunkcjaWStanieUspienia = 0;
-    if (uspiona) InicjujKompletniePortSzeregowy();
+    if (was_suspended) InicjujKompletniePortSzeregowy();
 }
 
 void ZwolnijPort() {
@@ -58,10 +58,10 @@ constexpr ServerCommand kRozkazySerwera[] = {
     {kRozkazBreak, 'B', PorzucWymiane, nullptr, " wykonal rozkaz BREAK Serwera ###\n"},
 };
 
-void ZapiszSlad(const char* koniec) {
+void ZapiszSlad(const char* end) {
     if (!DebugowacDzialanieFunkcji) return;
     Printf(0, "%s%s%s%d%s", "###DRIVER: ", NazwaFunkcji, ", PID=", static_cast<int>(GetPid_()),
-           koniec);
+           end);
 }
 
 // False when the exchange is abandoned.
@@ -89,33 +89,32 @@ bool ObsluzonoSerwer() {
 }
 
 void ZasygnalizujLicznik() {
-    const uint32_t coIle = CoIleSygnalizowacLicznikPoslanychSekwencji;
-    if (coIle == 0 || LicznikPoslanychSekwencjiSterujacych % coIle != 0) return;
+    const uint32_t interval = CoIleSygnalizowacLicznikPoslanychSekwencji;
+    if (interval == 0 || LicznikPoslanychSekwencjiSterujacych % interval != 0) return;
     MsgToServer_('C', LicznikPoslanychSekwencjiSterujacych);
     ZapiszSlad(" poslal komunikat COUNTER do Serwera ###\n");
 }
 
 }  // namespace
 
-void PoslanieSekwencjiSterujacej(uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
-                                 uint8_t dlugoscDanych, int32_t dlugoscOdpowiedzi) {
-    int proby = 1;
-    if (RetransmitowacSekwencjeSterujaca) proby = PierwszaSekwencjaSterujaca ? 2 : 4;
-    for (; proby > 0; --proby) {
+void PoslanieSekwencjiSterujacej(uint8_t command, uint8_t ack_length, uint8_t data_length,
+                                 int32_t answer_length) {
+    int attempts = 1;
+    if (RetransmitowacSekwencjeSterujaca) attempts = PierwszaSekwencjaSterujaca ? 2 : 4;
+    for (; attempts > 0; --attempts) {
         UstawNumerBledu(0);
         BajtOdmowy = 0;
-        PoslanieSekwencjiSterujacejBezRetransmisji(rozkaz, dlugoscPotwierdzenia, dlugoscDanych,
-                                                   dlugoscOdpowiedzi);
+        PoslanieSekwencjiSterujacejBezRetransmisji(command, ack_length, data_length, answer_length);
         if (NumerBledu != WartoscNumeruBledu(kBladTimeoutOdbierania)) break;
     }
     PierwszaSekwencjaSterujaca = 0;
 }
 
-void PoslanieSekwencjiSterujacejBezRetransmisji(uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
-                                                uint8_t dlugoscDanych, int32_t dlugoscOdpowiedzi) {
+void PoslanieSekwencjiSterujacejBezRetransmisji(uint8_t command, uint8_t ack_length,
+                                                uint8_t data_length, int32_t answer_length) {
     if (GetMsgID_() != 0 && !ObsluzonoSerwer()) return;
-    OgolnePoslanieSekwencjiSterujacej(kTrybZwykly, rozkaz, dlugoscPotwierdzenia, dlugoscDanych,
-                                      static_cast<uint8_t>(dlugoscOdpowiedzi));
+    OgolnePoslanieSekwencjiSterujacej(kTrybZwykly, command, ack_length, data_length,
+                                      static_cast<uint8_t>(answer_length));
     ++LicznikPoslanychSekwencjiSterujacych;
     if (GetMsgID_() != 0) ZasygnalizujLicznik();
 }

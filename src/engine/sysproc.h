@@ -8,7 +8,7 @@
 
 // Details of the device's type, filled by its identification.
 struct DeviceTypeDetails {
-    uint8_t kodTypu = 0;  // the model code that the device gave
+    uint8_t type_code = 0;  // the model code that the device gave
 };
 
 extern uint8_t BajtyDoPoslania1[kRozmiarBuforaWymiany];  // copy for the block write, from index 0
@@ -39,25 +39,25 @@ enum ExchangeMode : uint32_t {
 };
 
 // One exchange with the repeats that the settings allow (none by default).
-//   rozkaz                command byte after Esc
-//   dlugoscPotwierdzenia  bytes answered right after it: 0, or the acknowledgement and k-1 more
-//   dlugoscDanych         bytes sent from BajtyDoPoslania[1]
-//   dlugoscOdpowiedzi     bytes answered after the data, the status byte first (used as a byte)
+//   command        command byte after Esc
+//   ack_length     bytes answered right after it: 0, or the acknowledgement and k-1 more
+//   data_length    bytes sent from BajtyDoPoslania[1]
+//   answer_length  bytes answered after the data, the status byte first (used as a byte)
 // Answer bytes land in BajtyOdebrane from index 1; the byte that opens each phase is overwritten
 // there by the second one.
-void PoslanieSekwencjiSterujacej(uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
-                                 uint8_t dlugoscDanych, int32_t dlugoscOdpowiedzi);
+void PoslanieSekwencjiSterujacej(uint8_t command, uint8_t ack_length, uint8_t data_length,
+                                 int32_t answer_length);
 
 // Serves the controlling server's commands, then makes one exchange.
-void PoslanieSekwencjiSterujacejBezRetransmisji(uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
-                                                uint8_t dlugoscDanych, int32_t dlugoscOdpowiedzi);
+void PoslanieSekwencjiSterujacejBezRetransmisji(uint8_t command, uint8_t ack_length,
+                                                uint8_t data_length, int32_t answer_length);
 
 // The exchange itself, one attempt.
-void OgolnePoslanieSekwencjiSterujacej(uint32_t tryb, uint8_t rozkaz, uint8_t dlugoscPotwierdzenia,
-                                       uint8_t dlugoscDanych, uint8_t dlugoscOdpowiedzi);
+void OgolnePoslanieSekwencjiSterujacej(uint32_t mode, uint8_t command, uint8_t ack_length,
+                                       uint8_t data_length, uint8_t answer_length);
 
-bool PoslanoCiagBajtow(uint8_t ile);  // BajtyDoPoslania[1..ile]; one block when Optimize is set
-void PoslijBajtUwzgledniajacModem(uint8_t bajt);
+bool PoslanoCiagBajtow(uint8_t count);  // BajtyDoPoslania[1..count]; one block when Optimize is set
+void PoslijBajtUwzgledniajacModem(uint8_t byte);
 uint8_t OdbierzBajtUwzgledniajacModem();
 
 uint8_t Moje_fmod(uint8_t a, uint8_t b);  // 0 for b = 0

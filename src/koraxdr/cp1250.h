@@ -3,23 +3,15 @@
 
 #include <cstddef>
 
-inline constexpr std::size_t kDlugoscTekstu1250 = 160;
+#include "koraxdr/polish_letters.h"
 
-struct LetterCode {
-    unsigned unicode;
-    unsigned char cp1250;
-};
-inline constexpr LetterCode kKody1250[] = {
-    {0x104, 0xA5}, {0x106, 0xC6}, {0x118, 0xCA}, {0x141, 0xA3}, {0x143, 0xD1}, {0x0D3, 0xD3},
-    {0x15A, 0x8C}, {0x179, 0x8F}, {0x17B, 0xAF}, {0x105, 0xB9}, {0x107, 0xE6}, {0x119, 0xEA},
-    {0x142, 0xB3}, {0x144, 0xF1}, {0x0F3, 0xF3}, {0x15B, 0x9C}, {0x17A, 0x9F}, {0x17C, 0xBF},
-};
+inline constexpr std::size_t kDlugoscTekstu1250 = 160;
 
 void LiteraSpozaStrony1250();  // never defined: reaching it stops the compilation
 
 consteval char ZnakStrony1250(unsigned unicode) {
-    for (const LetterCode& kod : kKody1250) {
-        if (kod.unicode == unicode) return static_cast<char>(kod.cp1250);
+    for (const PolishLetter& letter : kPolskieLitery) {
+        if (letter.unicode == unicode) return static_cast<char>(letter.cp1250);
     }
     LiteraSpozaStrony1250();
     return '?';

@@ -3,10 +3,9 @@
 
 #include <initializer_list>
 
+#include "engine/commands.h"
 #include "koraxdr/send_layout.h"
-
-inline constexpr int kEsc = 0x1B;
-inline constexpr int kLf = 0x0A;
+#include "port/wire_bytes.h"
 
 class RawFrame {
   public:
@@ -27,11 +26,10 @@ class RawFrame {
         return *this;
     }
 
-    // True when all of it went out. The length is carried in one byte and wraps for longer texts,
-    // unguarded on purpose; the buffer ends before that.
+    // True when all of it went out. The length is carried in one byte and wraps for longer texts;
+    // the buffer ends before that.
     bool Sent() const;
-    // 0, or the error number of a failed send: what the send time-out's own value stands for, used
-    // as the engine's failure code on purpose.
+    // 0, or the error number of a failed send.
     int32_t Send() const;
     // The same, and takes the byte with which the device answers: NAK is its refusal (24), any
     // other byte is consent. The byte is taken whatever became of the send; a failed send's error

@@ -6,62 +6,62 @@
 
 namespace {
 
-int32_t Znak(char znak, TextForm postac) {
-    const auto bajt = static_cast<uint8_t>(znak);
-    switch (postac) {
+int32_t Znak(char character, TextForm form) {
+    const auto byte = static_cast<uint8_t>(character);
+    switch (form) {
         case TextForm::kDevice:
-            return ZnakDlaUrzadzenia(bajt);
+            return ZnakDlaUrzadzenia(byte);
         case TextForm::kDeviceUpper:
-            return WielkiZnakDlaUrzadzenia(bajt);
+            return WielkiZnakDlaUrzadzenia(byte);
         default:
-            return bajt;
+            return byte;
     }
 }
 
 }  // namespace
 
-void WpiszBajt(int pozycja, int wartosc) {
-    if (pozycja < 1 || pozycja >= kRozmiarBuforaWymiany) return;
-    BajtyDoPoslania[pozycja] = static_cast<uint8_t>(wartosc);
+void WpiszBajt(int position, int value) {
+    if (position < 1 || position >= kRozmiarBuforaWymiany) return;
+    BajtyDoPoslania[position] = static_cast<uint8_t>(value);
 }
 
-void WpiszSlowo(int pozycja, int32_t wartosc) {
+void WpiszSlowo(int position, int32_t value) {
     for (uint8_t n = 1; n <= 2; ++n) {
-        WpiszBajt(pozycja + n - 1, BajtZLiczby(n, static_cast<uint32_t>(wartosc)));
+        WpiszBajt(position + n - 1, BajtZLiczby(n, static_cast<uint32_t>(value)));
     }
 }
 
-void WpiszLiczbe(int pozycja, int32_t wartosc) {
+void WpiszLiczbe(int position, int32_t value) {
     for (uint8_t n = 1; n <= 4; ++n) {
-        WpiszBajt(pozycja + n - 1, BajtZLiczby(n, static_cast<uint32_t>(wartosc)));
+        WpiszBajt(position + n - 1, BajtZLiczby(n, static_cast<uint32_t>(value)));
     }
 }
 
-void WpiszOdstepy(int pozycja, int ile) {
-    for (int i = 0; i < ile; ++i) WpiszBajt(pozycja + i, ' ');
+void WpiszOdstepy(int position, int count) {
+    for (int i = 0; i < count; ++i) WpiszBajt(position + i, ' ');
 }
 
-void WpiszPole(int pozycja, int szerokosc, const char* tekst, TextForm postac) {
-    const int koniec = WpiszTekst(pozycja, tekst, postac, szerokosc);
-    WpiszOdstepy(koniec, pozycja + szerokosc - koniec);
+void WpiszPole(int position, int width, const char* text, TextForm form) {
+    const int end = WpiszTekst(position, text, form, width);
+    WpiszOdstepy(end, position + width - end);
 }
 
-int WpiszTekst(int pozycja, const char* tekst, TextForm postac, int najwyzej) {
-    for (int i = 0; i < najwyzej && tekst[i] != '\0'; ++i) {
-        WpiszBajt(pozycja++, Znak(tekst[i], postac));
+int WpiszTekst(int position, const char* text, TextForm form, int at_most) {
+    for (int i = 0; i < at_most && text[i] != '\0'; ++i) {
+        WpiszBajt(position++, Znak(text[i], form));
     }
-    return pozycja;
+    return position;
 }
 
-void WpiszCyfry(int pozycja, int32_t wartosc) {
-    WpiszBajt(pozycja, wartosc / 10);
-    WpiszBajt(pozycja + 1, wartosc % 10);
+void WpiszCyfry(int position, int32_t value) {
+    WpiszBajt(position, value / 10);
+    WpiszBajt(position + 1, value % 10);
 }
 
-void WpiszPoleDrukowalne(int pozycja, int szerokosc, const char* tekst) {
-    for (int i = 0; i < szerokosc; ++i) {
-        int32_t znak = ' ';
-        if (*tekst != '\0') znak = Znak(*tekst++, TextForm::kDevice);
-        WpiszBajt(pozycja + i, znak < ' ' ? ' ' : znak);
+void WpiszPoleDrukowalne(int position, int width, const char* text) {
+    for (int i = 0; i < width; ++i) {
+        int32_t character = ' ';
+        if (*text != '\0') character = Znak(*text++, TextForm::kDevice);
+        WpiszBajt(position + i, character < ' ' ? ' ' : character);
     }
 }

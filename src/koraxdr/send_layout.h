@@ -13,20 +13,20 @@ enum class TextForm {
     kDeviceUpper,  // the same in upper case
 };
 
-void WpiszBajt(int pozycja, int wartosc);        // its low byte
-void WpiszSlowo(int pozycja, int32_t wartosc);   // 2 bytes, low first
-void WpiszLiczbe(int pozycja, int32_t wartosc);  // 4 bytes, lowest first
-void WpiszOdstepy(int pozycja, int ile);         // blanks
+void WpiszBajt(int position, int value);        // its low byte
+void WpiszSlowo(int position, int32_t value);   // 2 bytes, low first
+void WpiszLiczbe(int position, int32_t value);  // 4 bytes, lowest first
+void WpiszOdstepy(int position, int count);     // blanks
 // The text's first characters, as many as the field is wide, padded with blanks.
-void WpiszPole(int pozycja, int szerokosc, const char* tekst, TextForm postac = TextForm::kDevice);
+void WpiszPole(int position, int width, const char* text, TextForm form = TextForm::kDevice);
 // At most `najwyzej` characters of the text without padding; the position behind them.
-int WpiszTekst(int pozycja, const char* tekst, TextForm postac, int najwyzej = 255);
+int WpiszTekst(int position, const char* text, TextForm form, int at_most = 255);
 
 // Two decimal digits as digit bytes (0 to 9), tens first.
-void WpiszCyfry(int pozycja, int32_t wartosc);
+void WpiszCyfry(int position, int32_t value);
 
 // A field in which characters below a blank, and positions behind the text, are blanks.
-void WpiszPoleDrukowalne(int pozycja, int szerokosc, const char* tekst);
+void WpiszPoleDrukowalne(int position, int width, const char* text);
 
 // Builds a run of bytes of no fixed width from position 1.
 class SendRun {

@@ -1,27 +1,14 @@
-// The session: opening and closing the port, establishing who is on the line, and what the library
-// says of itself.
-#include <cstring>
+#include "koraxdr/session.h"
 
 #include "engine/sysproc.h"
-#include "koraxdr/frame.h"
+#include "koraxdr/command.h"
+#include "koraxdr/device.h"
+#include "koraxdr/print_unit.h"
+#include "koraxdr/state.h"
 #include "port/opening.h"
 #include "port/sysseria.h"
 
 namespace {
-
-constexpr ControlSequence kProbaUrzadzenia = {35};
-constexpr int32_t kInneUrzadzenie = 13;
-
-constexpr char kWersja[] = "WIN 4.44 64-BIT (10.12.2013)";
-constexpr char kAutor[] = "Korax driver maintainers";
-
-int32_t KopiujNapis(char* bufor, const char* napis) {
-    return Funkcja([&]() -> int32_t {
-        if (bufor == nullptr) return blad::kPustyBufor;
-        std::strcpy(bufor, napis);
-        return blad::kBrak;
-    });
-}
 
 // The open receipt's flags are left alone: the receipt's own functions settle them with the device.
 void WyczyscStanParagonu() {
@@ -36,137 +23,65 @@ void WyczyscStanParagonu() {
 int32_t OtworzPortSesji(uint8_t port) {
     Urzadzenie = kInneUrzadzenie;
     KontrolowacStanLiniiCTS = 1;
-    NrPortu = port;
-    SzybkoscTransmisji = SzybkTrans;
-    TimeoutNadawania = Timeouty;
-    TimeoutOdbierania = Timeouty;
-    InicjujKompletniePortSzeregowy();
-    return ZainicjowanoPortSzeregowy ? blad::kBrak : blad::kPort;
+    return OtworzPort(port, SzybkTrans, Timeouty, Timeouty);
 }
 
-int32_t RozpoznajUrzadzenie() {
-    const int32_t proba = Wyslij(kProbaUrzadzenia);
-    const bool odmowa = proba == blad::kNiepoprawnaOdpowiedz || proba == blad::kNak;
-    if (proba != 0 && !odmowa) return proba;
-    // A device that refuses the probe is still identified, without the print check.
-    if (proba == 0) {
-        if (const int32_t numer = SprawdzGotowoscDrukowania(0)) return numer;
+// The cancellation voids what the device still has open. One that has nothing open refuses it and
+// is identified all the same, without the print check.
+int32_t UniewaznijIRozpoznaj() {
+    const int32_t cancellation = Wyslij(kAnulowanieParagonu);
+    const bool refused =
+        cancellation == KORAX_E_UNEXPECTED_ANSWER || cancellation == KORAX_E_REFUSED;
+    if (cancellation != 0 && !refused) return cancellation;
+    if (cancellation == 0) {
+        if (const int32_t error = SprawdzGotowoscDrukowania(0)) return error;
     }
-    return DeviceType(&Urzadzenie, &Prog);
+    return RozpoznajUrzadzenie();
 }
 
 }  // namespace
 
-int32_t KORAX_CALL OpenPort(int32_t Port, int32_t BaudRate, int32_t WriteTimeout,
-                            int32_t ReadTimeout) {
-    return Funkcja([&]() -> int32_t {
-        PokazArgumenty("Sent to function OpenPort: ", {{"1.Port: ", Port},
-                                                       {"2.BaudRate: ", BaudRate},
-                                                       {"3.WriteTimeout: ", WriteTimeout},
-                                                       {"4.ReadTimeout: ", ReadTimeout}});
-        OdinicjujPortSzeregowy();
-        NrPortu = static_cast<uint8_t>(Port);
-        SzybkoscTransmisji = BaudRate;
-        TimeoutNadawania = WriteTimeout;
-        TimeoutOdbierania = ReadTimeout;
-        InicjujKompletniePortSzeregowy();
-        return ZainicjowanoPortSzeregowy ? blad::kBrak : blad::kPort;
-    });
+int32_t OtworzPort(uint8_t port, int32_t baud, int32_t write_timeout_s, int32_t read_timeout_s) {
+    NrPortu = port;
+    SzybkoscTransmisji = baud;
+    TimeoutNadawania = write_timeout_s;
+    TimeoutOdbierania = read_timeout_s;
+    InicjujKompletniePortSzeregowy();
+    return ZainicjowanoPortSzeregowy ? KORAX_E_OK : KORAX_E_PORT;
 }
 
-int32_t KORAX_CALL ClosePort(void) {
-    return Funkcja([]() -> int32_t {
-        Optimize = 0;
-        CzyscPortSzeregowy();
-        OdinicjujPortSzeregowy();
-        return blad::kBrak;
-    });
-}
-
-int32_t KORAX_CALL OptimizeTransmission(void) {
-    return Funkcja([]() -> int32_t {
-        Optimize = 1;
-        return blad::kBrak;
-    });
-}
-
-int32_t KORAX_CALL CommunicationInit(int32_t Port, int32_t BaudRate, int32_t Timeout) {
-    return Funkcja([&]() -> int32_t {
-        PokazArgumenty("Sent to function CommunicationInit: ",
-                       {{"1.Port: ", Port}, {"2.BaudRate: ", BaudRate}, {"3.Timeout: ", Timeout}});
-        SzybkTrans = BaudRate;
-        Timeouty = Timeout;
-        NumerPortuDrukarki = Port;
-        const auto port = static_cast<uint8_t>(Port);
-        // The session start refuses to run while the port in force is 0; naming a port ends that.
-        if (NrPortu == 0) NrPortu = port;
-        return CommunicationInitInternal(port, 1);
-    });
-}
-
-int32_t KORAX_CALL CommunicationInitInternal(uint8_t Port, uint8_t Identify) {
-    // The port in force before this call is tested on purpose, not the argument: a function that
-    // starts a session by itself after CommunicationEnd opens port 0, fails, and from then on says
-    // that no port number is set.
-    if (NrPortu == 0) return ZapamietajBlad(blad::kBrakNumeruPortu);
+int32_t ZacznijSesje(uint8_t port, bool identify) {
+    // Oddity: The port in force is tested, not the new one. A function that starts a session by
+    // itself after CommunicationEnd opens port 0, fails, and from then on says that no port number
+    // is set, until CommunicationInit or OpenPort names one.
+    if (NrPortu == 0) return KORAX_E_NO_PORT_NUMBER;
     KomunikacjaInit = 0;
     WyczyscStanParagonu();
-    int32_t numer = OtworzPortSesji(Port);
-    if (numer == 0 && Identify) numer = RozpoznajUrzadzenie();
-    if (numer != 0) {
-        CommunicationEnd();
+    int32_t error = OtworzPortSesji(port);
+    if (error == 0 && identify) error = UniewaznijIRozpoznaj();
+    if (error != 0) {
+        ZakonczSesje();
     } else {
         KomunikacjaInit = 1;
     }
-    return ZapamietajBlad(numer);
+    return error;
 }
 
-int32_t KORAX_CALL CommunicationEnd(void) {
-    return Funkcja([]() -> int32_t {
-        Optimize = 0;
-        Urzadzenie = kInneUrzadzenie;
-        CzyscPortSzeregowy();
-        OdinicjujPortSzeregowy();
-        KomunikacjaInit = 0;
-        NumerPortuDrukarki = 0;
-        return blad::kBrak;
-    });
+void ZakonczSesje() {
+    Optimize = 0;
+    Urzadzenie = kInneUrzadzenie;
+    CzyscPortSzeregowy();
+    OdinicjujPortSzeregowy();
+    KomunikacjaInit = 0;
+    NumerPortuDrukarki = 0;
 }
 
-int32_t KORAX_CALL LastError(void) {
-    const auto numer = static_cast<int32_t>(ErrorLastError);
-    ErrorLastError = 0;
-    return numer;
+int32_t RozpocznijSesje() {
+    if (KomunikacjaInit) return KORAX_E_OK;
+    return ZacznijSesje(static_cast<uint8_t>(NumerPortuDrukarki), true);
 }
 
-int32_t KORAX_CALL SetDebugMode(void) {
-    return Funkcja([]() -> int32_t {
-        DebugMode = 1;
-        return blad::kBrak;
-    });
-}
-
-int32_t KORAX_CALL ClearDebugMode(void) {
-    return Funkcja([]() -> int32_t {
-        DebugMode = 0;
-        return blad::kBrak;
-    });
-}
-
-int32_t KORAX_CALL pDllVersion(char* Buffer) {
-    return KopiujNapis(Buffer, kWersja);
-}
-
-char* KORAX_CALL xDllVersion(void) {
-    ZapamietajBlad(pDllVersion(ZmiennaDodatkowaDlaTypuX));
-    return ZmiennaDodatkowaDlaTypuX;
-}
-
-int32_t KORAX_CALL pDllAuthor(char* Buffer) {
-    return KopiujNapis(Buffer, kAutor);
-}
-
-char* KORAX_CALL xDllAuthor(void) {
-    ZapamietajBlad(pDllAuthor(ZmiennaDodatkowaDlaTypuX));
-    return ZmiennaDodatkowaDlaTypuX;
+int32_t RozpocznijSesjePozaParagonem() {
+    if (const int32_t error = RozpocznijSesje()) return error;
+    return ParagonRozpoczety ? KORAX_E_RECEIPT_OPEN : KORAX_E_OK;
 }

@@ -24,6 +24,7 @@ extern char ZmiennaDodatkowaDlaTypuX[256];  // what the text-returning x functio
 
 inline constexpr int kStawek = 7;
 inline constexpr int kPlatnosci = 4;
+inline constexpr int kNazwaPlatnosci = 13;  // characters
 inline constexpr int kLiniiDodatkowych = 6;
 inline constexpr int kPozycjiKontrolnych = 10;
 inline constexpr int32_t kLiniaWolna = -1;

@@ -51,7 +51,7 @@ TEST_F(Exchange, PhasesCommandRulesAndWhereTheBytesLand) {
              {"A0>77<64", 0, 0, "77", 3, 200, "64"},
          }) {
         SCOPED_TRACE(conversation);
-        SzczegoloweDaneOTypieUrzadzenia.kodTypu = static_cast<uint8_t>(model);
+        SzczegoloweDaneOTypieUrzadzenia.type_code = static_cast<uint8_t>(model);
         EXPECT_EQ(Run(conversation, ack, data, answer), result);
         ExpectLanded(landed);
     }
@@ -109,7 +109,7 @@ TEST_F(Exchange, ListsOfRecordsEndAtTheirMark) {
                  {"E9>00", 20, 0},   {"EE>00", 20, 0},   {"EA>00", 8, 0},    {"30>00", 0, 0},
                  {"A1>04", 0, 0}};
     for (const auto& [head, length, model] : lists) {
-        SzczegoloweDaneOTypieUrzadzenia.kodTypu = static_cast<uint8_t>(model);
+        SzczegoloweDaneOTypieUrzadzenia.type_code = static_cast<uint8_t>(model);
         // FF inside a record does not end the list, at its beginning it does.
         const std::string records = "01,FFx" + std::to_string(length == 0 ? 98 : length);
         EXPECT_EQ(Run(head + "<00," + records, 0, &head[3], 100), 0) << head;

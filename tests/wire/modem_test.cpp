@@ -146,7 +146,7 @@ TEST_F(Modem, AFrameTellsTheWholeSequence) {
         Begin();
         NrKanaluWKontrolerzeModemu = static_cast<uint8_t>(row.channel);
         SzybkoscTransmisjiMiedzyKasaIKontrolerem = row.baud;
-        SzczegoloweDaneOTypieUrzadzenia.kodTypu = static_cast<uint8_t>(row.type);
+        SzczegoloweDaneOTypieUrzadzenia.type_code = static_cast<uint8_t>(row.type);
         const std::string bytes = Sent(row.body) + Reply(row.reply);
         EXPECT_EQ(Exchange(bytes, row.command, row.ack, row.data, row.answer), 0);
     }

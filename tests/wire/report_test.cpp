@@ -2,7 +2,7 @@
 // VAT rates of the three generations.
 #include <array>
 
-#include "koraxdr/vat.h"
+#include "koraxdr/vat_rates.h"
 #include "support/driver_test.h"
 
 namespace {

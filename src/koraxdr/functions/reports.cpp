@@ -1,18 +1,12 @@
 // Fiscal reports and the number of the last daily one.
+#include "koraxdr/command.h"
+#include "koraxdr/device.h"
 #include "koraxdr/device_types.h"
 #include "koraxdr/frame.h"
 #include "koraxdr/send_layout.h"
+#include "koraxdr/session.h"
 
 namespace {
-
-constexpr ControlSequence kLicznikSprzedazy = {0x66, 3};
-constexpr ControlSequence kRaportDobowy = {0x25};
-constexpr ControlSequence kRaportTowarowZablokowanych = {0x22};
-constexpr ControlSequence kRaportStanuDrukarki = {0x26};
-constexpr ControlSequence kRaportOkresowyFiskalny = {0x28, 1, 12};
-constexpr ControlSequence kRaportOkresowyNiefiskalny = {0x29, 1, 12};
-constexpr ControlSequence kRaportMiesiecznyLubNumerowy = {0x31, 1, 5};
-constexpr ControlSequence kNumerRaportuDobowego = {0xD9, 3};
 
 constexpr DeviceTypes kTypyZRaportemBezwarunkowym = {3, 4, 8, 9, 10, 11, 12, 13};
 
@@ -23,48 +17,48 @@ struct ReportKinds {
 constexpr ReportKinds kNumerowy = {4, 1};
 constexpr ReportKinds kMiesieczny = {5, 2};
 
-int32_t Wydrukuj(const ControlSequence& raport) {
-    if (const int32_t numer = Wyslij(raport)) return numer;
-    return ZakonczDrukowanie();
+int32_t Wydrukuj(const ControlSequence& report) {
+    if (const int32_t error = Wyslij(report)) return error;
+    return PrintControl(0);
 }
 
-int32_t WydrukujProstyRaport(const ControlSequence& raport) {
+int32_t WydrukujProstyRaport(const ControlSequence& report) {
     return Funkcja([&]() -> int32_t {
-        if (const int32_t numer = RozpocznijSesjePozaParagonem()) return numer;
-        return Wydrukuj(raport);
+        if (const int32_t error = RozpocznijSesjePozaParagonem()) return error;
+        return Wydrukuj(report);
     });
 }
 
-bool DataZla(int32_t rok, int32_t miesiac, int32_t dzien) {
-    // Year 00 is refused on purpose: no report begins or ends in it.
-    return rok < 1 || rok > 99 || miesiac < 1 || miesiac > 12 || dzien < 1 || dzien > 31;
+bool DataZla(int32_t year, int32_t month, int32_t day) {
+    // No report begins or ends in year 00.
+    return year < 1 || year > 99 || month < 1 || month > 12 || day < 1 || day > 31;
 }
 
 // The result that the device sends behind the acknowledged sequence.
 int32_t OdbierzWynikRaportu() {
-    constexpr int32_t wyniki[] = {
-        blad::kBledneDaty,            // 1
-        blad::kBrakRaportow,          // 2
-        blad::kBledneNumery,          // 3
-        blad::kNiezakonczonyMiesiac,  // 4
-        blad::kParametrN,             // 5
+    constexpr int32_t results[] = {
+        KORAX_E_DATES,           // 1
+        KORAX_E_NO_REPORTS,      // 2
+        KORAX_E_NUMBERS,         // 3
+        KORAX_E_MONTH_NOT_OVER,  // 4
+        KORAX_E_PARAMETER_N,     // 5
     };
-    uint8_t wynik = 0;
-    if (const int32_t numer = OdbierzBajt(wynik)) return numer;
-    if (wynik == 0) return ZakonczDrukowanie();
-    return wynik <= 5 ? wyniki[wynik - 1] : blad::kBrak;
+    uint8_t result = 0;
+    if (const int32_t error = OdbierzBajt(result)) return error;
+    if (result == 0) return PrintControl(0);
+    return result <= 5 ? results[result - 1] : KORAX_E_OK;
 }
 
 // Monthly and number reports differ in the kinds and in what stands at data bytes 2 to 5.
 template <class Layout>
-int32_t WydrukujRaportZWynikiem(int32_t fiskalny, const ReportKinds& rodzaje, Layout wpisz) {
-    if (const int32_t numer = RozpocznijSesjePozaParagonem()) return numer;
-    if (const int32_t numer = DeviceType(&Urzadzenie, &Prog)) return numer;
-    if (!kTypySiedmiostawkowe.Contains(Urzadzenie)) return blad::kNiedostepnyWTymUrzadzeniu;
-    if (fiskalny != 0 && fiskalny != 1) return blad::kParametrN;
-    WpiszBajt(1, fiskalny ? rodzaje.fiscal : rodzaje.non_fiscal);
-    wpisz();
-    if (const int32_t numer = Wyslij(kRaportMiesiecznyLubNumerowy)) return numer;
+int32_t WydrukujRaportZWynikiem(int32_t fiscal, const ReportKinds& kinds, Layout fill) {
+    if (const int32_t error = RozpocznijSesjePozaParagonem()) return error;
+    if (const int32_t error = RozpoznajUrzadzenie()) return error;
+    if (!kTypySiedmiostawkowe.Contains(Urzadzenie)) return KORAX_E_NOT_IN_THIS_DEVICE;
+    if (fiscal != 0 && fiscal != 1) return KORAX_E_PARAMETER_N;
+    WpiszBajt(1, fiscal ? kinds.fiscal : kinds.non_fiscal);
+    fill();
+    if (const int32_t error = Wyslij(kRaportMiesiecznyLubNumerowy)) return error;
     return OdbierzWynikRaportu();
 }
 
@@ -73,12 +67,13 @@ int32_t WydrukujRaportZWynikiem(int32_t fiskalny, const ReportKinds& rodzaje, La
 int32_t KORAX_CALL DailyReport(int32_t Unconditionally) {
     return Funkcja([&]() -> int32_t {
         PokazArgumenty("Sent to function DailyReport:", {{"1.Unconditionally: ", Unconditionally}});
-        if (const int32_t numer = RozpocznijSesjePozaParagonem()) return numer;
-        if (const int32_t numer = DeviceType(&Urzadzenie, &Prog)) return numer;
-        // On the other types the sales check is made even when the flag is set; that is meant.
+        if (const int32_t error = RozpocznijSesjePozaParagonem()) return error;
+        if (const int32_t error = RozpoznajUrzadzenie()) return error;
+        // Oddity: The unconditional report wants sales on some types. There the flag changes
+        // nothing.
         if (!Unconditionally || !kTypyZRaportemBezwarunkowym.Contains(Urzadzenie)) {
-            if (const int32_t numer = Wyslij(kLicznikSprzedazy)) return numer;
-            if (SlowoOdpowiedzi(1) == 0) return blad::kZerowyLicznik;
+            if (const int32_t error = Wyslij(kLicznikParagonow)) return error;
+            if (SlowoOdpowiedzi(1) == 0) return KORAX_E_NOTHING_SOLD;
         }
         return Wydrukuj(kRaportDobowy);
     });
@@ -102,8 +97,8 @@ int32_t KORAX_CALL PeriodReport(int32_t Fiscal, int32_t yy1, int32_t mm1, int32_
                                                           {"5.yy2: ", yy2},
                                                           {"6.mm2: ", mm2},
                                                           {"7.dd2: ", dd2}});
-        if (const int32_t numer = RozpocznijSesjePozaParagonem()) return numer;
-        if (DataZla(yy1, mm1, dd1) || DataZla(yy2, mm2, dd2)) return blad::kParametrPozaZakresem;
+        if (const int32_t error = RozpocznijSesjePozaParagonem()) return error;
+        if (DataZla(yy1, mm1, dd1) || DataZla(yy2, mm2, dd2)) return KORAX_E_OUT_OF_RANGE;
         WpiszCyfry(1, yy1);
         WpiszCyfry(3, mm1);
         WpiszCyfry(5, dd1);
@@ -139,10 +134,10 @@ int32_t KORAX_CALL NumberReport(int32_t Fiscal, int32_t FirstNumber, int32_t Las
 
 int32_t KORAX_CALL DailyReportNumber(int32_t* Number) {
     return Funkcja([&]() -> int32_t {
-        if (const int32_t numer = RozpocznijSesjePozaParagonem()) return numer;
-        if (const int32_t numer = Wyslij(kNumerRaportuDobowego)) return numer;
+        if (const int32_t error = RozpocznijSesjePozaParagonem()) return error;
+        if (const int32_t error = Wyslij(kNumerRaportuDobowego)) return error;
         *Number = SlowoOdpowiedzi(1);
-        return blad::kBrak;
+        return KORAX_E_OK;
     });
 }
 

@@ -1,50 +1,50 @@
 // Forms of payment, currency payments, and the lines printed after a receipt.
 #include <cstring>
 
+#include "koraxdr/command.h"
 #include "koraxdr/device_types.h"
-#include "koraxdr/receipt.h"
+#include "koraxdr/document.h"
+#include "koraxdr/frame.h"
 #include "koraxdr/send_layout.h"
+#include "koraxdr/texts.h"
 
 namespace {
-
-constexpr ControlSequence kPlatnoscWalutowa1 = {131, 0, 18};
-constexpr ControlSequence kDodatkowaPlatnoscWalutowa = {8, 0, 18};
 
 constexpr DeviceTypes kTypyZWyslaniemPlatnosci = {4, 8, 9, 10, 11, 12, 13};
 constexpr DeviceTypes kTypyZPlatnosciaWalutowa1 = {8, 10, 11, 12};
 constexpr DeviceTypes kTypyZPlatnosciaWalutowa2 = {8, 10, 11, 12, 13};
 constexpr DeviceTypes kTypyBezDodatkowejPlatnosci = {1, 2, 3, 5, 6};
 
-constexpr int kNazwaPlatnosci = 13;
+constexpr int kNazwaWaluty = 3;  // characters
 constexpr int32_t kZaDuzyNumerLinii = 23;
 
 // Types that take the additional currency payment from a program version on.
 constexpr struct { int32_t type, version; } kOdWersji[] = {{4, 6}, {8, 2}};
 
-bool NumerPlatnosciZly(int32_t numer) {
-    return numer < 1 || numer > kPlatnosci;
+bool NumerPlatnosciZly(int32_t number) {
+    return number < 1 || number > kPlatnosci;
 }
 
-void PokazArgumentyPlatnosci(const char* naglowek, int32_t numer, const char* nazwa, int32_t kwota,
-                             int32_t reszta) {
-    PokazArgumenty(naglowek, {{"1.PaymentNo: ", numer},
-                              {"2.PamentName: ", nazwa},
-                              {"3.Total: ", kwota},
-                              {"4.Change: ", reszta}});
+void PokazArgumentyPlatnosci(const char* head, int32_t number, const char* name, int32_t amount,
+                             int32_t change) {
+    // Oddity: The label PamentName is misspelt. Labels are texts that applications' authors know.
+    PokazArgumenty(head, {{"1.PaymentNo: ", number},
+                          {"2.PamentName: ", name},
+                          {"3.Total: ", amount},
+                          {"4.Change: ", change}});
 }
 
-void DopelnijNazwe(char* cel, const char* nazwa) {
-    KopiujTekst(cel, nazwa, kNazwaPlatnosci + 1);
-    for (size_t i = std::strlen(cel); i < kNazwaPlatnosci; ++i) cel[i] = ' ';
-    cel[kNazwaPlatnosci] = '\0';
+void DopelnijNazwe(char* target, const char* name) {
+    KopiujTekst(target, name, kNazwaPlatnosci + 1);
+    DopelnijOdstepami(target, kNazwaPlatnosci);
 }
 
 int32_t LiczbaWolnychLinii() {
-    int32_t wolnych = 0;
+    int32_t free_lines = 0;
     for (int i = 1; i <= kLiniiDodatkowych; ++i) {
-        if (AdditionalLines[i].number == kLiniaWolna) ++wolnych;
+        if (AdditionalLines[i].number == kLiniaWolna) ++free_lines;
     }
-    return wolnych;
+    return free_lines;
 }
 
 bool DodatkowaPlatnoscDostepna() {
@@ -54,29 +54,33 @@ bool DodatkowaPlatnoscDostepna() {
     return !kTypyBezDodatkowejPlatnosci.Contains(Urzadzenie);
 }
 
-}  // namespace
-
-int32_t WyslijPlatnosc(int32_t numer, const char* nazwa, int32_t kwota, int32_t reszta) {
-    WpiszBajt(1, numer);
-    WpiszPole(2, kNazwaPlatnosci, nazwa);
-    WpiszLiczbe(15, kwota);
-    if (const int32_t odmowa = Wyslij(kFormaPlatnosci)) return odmowa;
-    WpiszLiczbe(15, reszta);  // the first 14 bytes stay
-    return Wyslij(kResztaPlatnosci);
+int32_t WyslijDodatkowaPlatnosc(int32_t number, int32_t is_change, const char* currency,
+                                int32_t paid_in_currency, int32_t rate, int32_t decimals,
+                                int32_t paid_in_base) {
+    WpiszBajt(1, number);
+    WpiszBajt(2, is_change);
+    WpiszPole(3, kNazwaWaluty, currency, TextForm::kAsGiven);
+    WpiszLiczbe(6, paid_in_currency);
+    WpiszLiczbe(10, rate);
+    WpiszBajt(14, decimals);
+    WpiszLiczbe(15, paid_in_base);
+    return Wyslij(kDodatkowaPlatnoscWalutowa);
 }
+
+}  // namespace
 
 int32_t KORAX_CALL pFillPayment(int32_t PaymentNo, const char* PaymentName, int32_t Paid,
                                 int32_t Change) {
     return Funkcja([&]() -> int32_t {
         PokazArgumentyPlatnosci("Sent to function pFillPayment: ", PaymentNo, PaymentName, Paid,
                                 Change);
-        if (PaymentName == nullptr) return blad::kPustyBufor;
-        if (NumerPlatnosciZly(PaymentNo)) return blad::kParametrPozaZakresem;
+        if (PaymentName == nullptr) return KORAX_E_NULL;
+        if (NumerPlatnosciZly(PaymentNo)) return KORAX_E_OUT_OF_RANGE;
         PaymentSlot& slot = Payments[PaymentNo];
         DopelnijNazwe(slot.name, PaymentName);
         slot.total = Paid;
         slot.change = Change;
-        return blad::kBrak;
+        return KORAX_E_OK;
     });
 }
 
@@ -85,9 +89,9 @@ int32_t KORAX_CALL pSendPayment(int32_t PaymentNo, const char* PaymentName, int3
     return Funkcja([&]() -> int32_t {
         PokazArgumentyPlatnosci("Sent to function pSendPayment: ", PaymentNo, PaymentName, Paid,
                                 Change);
-        if (PaymentName == nullptr) return blad::kPustyBufor;
-        if (NumerPlatnosciZly(PaymentNo)) return blad::kParametrPozaZakresem;
-        if (!kTypyZWyslaniemPlatnosci.Contains(Urzadzenie)) return blad::kRozkazNiedostepny;
+        if (PaymentName == nullptr) return KORAX_E_NULL;
+        if (NumerPlatnosciZly(PaymentNo)) return KORAX_E_OUT_OF_RANGE;
+        if (!kTypyZWyslaniemPlatnosci.Contains(Urzadzenie)) return KORAX_E_COMMAND_NOT_AVAILABLE;
         return WyslijPlatnosc(PaymentNo, PaymentName, Paid, Change);
     });
 }
@@ -95,37 +99,37 @@ int32_t KORAX_CALL pSendPayment(int32_t PaymentNo, const char* PaymentName, int3
 int32_t KORAX_CALL ErasePayments(void) {
     return Funkcja([]() -> int32_t {
         for (int i = 1; i <= kPlatnosci; ++i) Payments[i] = {};
-        return blad::kBrak;
+        return KORAX_E_OK;
     });
 }
 
 int32_t KORAX_CALL pFillLines(int32_t Number, const char* Line, int32_t* FreeLines) {
     return Funkcja([&]() -> int32_t {
-        // The head is misspelt on purpose.
+        // Oddity: The head of pFillLines is misspelt. It lacks an "i", and a blank at its end.
         PokazArgumenty("Sent to functon pFillLines:", {{"1.Number: ", Number}, {"2.Line: ", Line}});
-        if (Line == nullptr || FreeLines == nullptr) return blad::kPustyBufor;
-        if (Number >= kZaDuzyNumerLinii) return blad::kParametrPozaZakresem;
+        if (Line == nullptr || FreeLines == nullptr) return KORAX_E_NULL;
+        if (Number >= kZaDuzyNumerLinii) return KORAX_E_OUT_OF_RANGE;
         *FreeLines = LiczbaWolnychLinii();
-        if (*FreeLines == 0) return blad::kLinieZajete;
+        if (*FreeLines == 0) return KORAX_E_NO_FREE_LINE;
         // Slots are taken from the front; the used ones are there already.
         LineSlot& slot = AdditionalLines[kLiniiDodatkowych + 1 - *FreeLines];
         slot.number = Number;
         KopiujTekst(slot.text, Line, sizeof slot.text);
         --*FreeLines;
-        return blad::kBrak;
+        return KORAX_E_OK;
     });
 }
 
 int32_t KORAX_CALL xFillLines(int32_t Number, const char* Line) {
-    int32_t wolnych = 0;
-    ZapamietajBlad(pFillLines(Number, Line, &wolnych));
-    return wolnych;
+    int32_t free_lines = 0;
+    ZapamietajBlad(pFillLines(Number, Line, &free_lines));
+    return free_lines;
 }
 
 int32_t KORAX_CALL EraseLines(void) {
     return Funkcja([]() -> int32_t {
         for (int i = 1; i <= kLiniiDodatkowych; ++i) AdditionalLines[i] = {};
-        return blad::kBrak;
+        return KORAX_E_OK;
     });
 }
 
@@ -137,9 +141,9 @@ int32_t KORAX_CALL pCurrencyPayment1(const char* CurrencyName, const char* Rate,
                                                                 {"3.Qantity: ", Qantity},
                                                                 {"4.Subtotal: ", Subtotal},
                                                                 {"5.Send: ", Send}});
-        if (CurrencyName == nullptr || Rate == nullptr) return blad::kPustyBufor;
-        if (!kTypyZPlatnosciaWalutowa1.Contains(Urzadzenie)) return blad::kRozkazNiedostepny;
-        WpiszPole(1, 3, CurrencyName);
+        if (CurrencyName == nullptr || Rate == nullptr) return KORAX_E_NULL;
+        if (!kTypyZPlatnosciaWalutowa1.Contains(Urzadzenie)) return KORAX_E_COMMAND_NOT_AVAILABLE;
+        WpiszPole(1, kNazwaWaluty, CurrencyName);
         WpiszPole(4, 10, Rate);
         WpiszBajt(14, Qantity);
         WpiszLiczbe(15, Subtotal);
@@ -149,7 +153,7 @@ int32_t KORAX_CALL pCurrencyPayment1(const char* CurrencyName, const char* Rate,
         KopiujTekst(CP1.rate, Rate, sizeof CP1.rate);
         CP1.quantity = Qantity;
         CP1.subtotal = Subtotal;
-        return blad::kBrak;
+        return KORAX_E_OK;
     });
 }
 
@@ -162,39 +166,42 @@ int32_t KORAX_CALL pCurrencyPayment2(int32_t TotalInCurrency, int32_t TotalInBas
                         {"3.Change: ", Change},
                         {"4.TypeOfChange: ", TypeOfChange},
                         {"5.Send: ", Send}});
-        if (!kTypyZPlatnosciaWalutowa2.Contains(Urzadzenie)) return blad::kRozkazNiedostepny;
+        if (!kTypyZPlatnosciaWalutowa2.Contains(Urzadzenie)) return KORAX_E_COMMAND_NOT_AVAILABLE;
         WpiszLiczbe(1, TotalInCurrency);
         WpiszLiczbe(5, TotalInBaseCurrency);
         WpiszLiczbe(9, TypeOfChange != 0 ? Change : 0);
         WpiszLiczbe(13, TypeOfChange != 1 ? Change : 0);
         if (Send) return Wyslij(kPlatnoscWalutowa2);
         CP2 = {1, TotalInCurrency, TotalInBaseCurrency, Change, TypeOfChange};
-        return blad::kBrak;
+        return KORAX_E_OK;
     });
 }
 
-// None of its results is stored as the last error, on purpose: LastError gives 0 after it.
 int32_t KORAX_CALL pAdditionalCurrencyPayment(int32_t Number, int32_t IsChange, const char* Name,
                                               int32_t PaidInForeignCurrency, int32_t ExchangeRate,
                                               int32_t QAC, int32_t PaidInBaseCurrency) {
-    ErrorLastError = 0;
-    PokazArgumenty("Sent to function pAdditionalCurrencyPayment: ",
-                   {{"1.Number: ", Number},
-                    {"2.IsChange: ", IsChange},
-                    {"3.Name: ", Name},
-                    {"4.PaidInForeignCurrency: ", PaidInForeignCurrency},
-                    {"5.ExchangeRate: ", ExchangeRate},
-                    {"6.QAC: ", QAC},
-                    {"7.PaidInBaseCurrency: ", PaidInBaseCurrency}});
-    if (Name == nullptr) return blad::kPustyBufor;
-    if (!DodatkowaPlatnoscDostepna()) return blad::kRozkazNiedostepny;
-    if (std::strlen(Name) < 3) return blad::kZaKrotkaNazwaWaluty;
-    WpiszBajt(1, Number);
-    WpiszBajt(2, IsChange);
-    WpiszPole(3, 3, Name, TextForm::kAsGiven);
-    WpiszLiczbe(6, PaidInForeignCurrency);
-    WpiszLiczbe(10, ExchangeRate);
-    WpiszBajt(14, QAC);
-    WpiszLiczbe(15, PaidInBaseCurrency);
-    return Wyslij(kDodatkowaPlatnoscWalutowa);
+    int32_t not_stored = KORAX_E_OK;
+    const int32_t result = Funkcja([&]() -> int32_t {
+        PokazArgumenty("Sent to function pAdditionalCurrencyPayment: ",
+                       {{"1.Number: ", Number},
+                        {"2.IsChange: ", IsChange},
+                        {"3.Name: ", Name},
+                        {"4.PaidInForeignCurrency: ", PaidInForeignCurrency},
+                        {"5.ExchangeRate: ", ExchangeRate},
+                        {"6.QAC: ", QAC},
+                        {"7.PaidInBaseCurrency: ", PaidInBaseCurrency}});
+        if (Name == nullptr) return KORAX_E_NULL;
+        if (!DodatkowaPlatnoscDostepna()) {
+            not_stored = KORAX_E_COMMAND_NOT_AVAILABLE;
+            return KORAX_E_OK;
+        }
+        // Oddity: Two results of pAdditionalCurrencyPayment are not stored. After a name that is
+        // too short, and after whatever the exchange gave, LastError says 0.
+        not_stored = std::strlen(Name) < kNazwaWaluty
+                         ? KORAX_E_CURRENCY_NAME
+                         : WyslijDodatkowaPlatnosc(Number, IsChange, Name, PaidInForeignCurrency,
+                                                   ExchangeRate, QAC, PaidInBaseCurrency);
+        return KORAX_E_OK;
+    });
+    return result != KORAX_E_OK ? result : not_stored;
 }
