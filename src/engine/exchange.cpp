@@ -190,8 +190,8 @@ bool OdebranoOdpowiedz(Exchange& e) {
     }
     BajtOdmowy = status;
     UstawNumerBledu(BladStatusu(status));
-    // Two more bytes follow this status on the line; its error stands unless they do not come.
-    if (status == kStatusDwochBajtow && !LaczeRamkowe()) OdebranoReszte(e.records, 3);
+    // The two bytes behind this status are no records; its error stands unless they do not come.
+    if (status == kStatusDwochBajtow && !LaczeRamkowe()) OdebranoReszte({}, 3);
     return false;
 }
 

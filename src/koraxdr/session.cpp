@@ -46,6 +46,7 @@ int32_t OtworzPort(uint8_t port, int32_t baud, int32_t write_timeout_s, int32_t 
     SzybkoscTransmisji = baud;
     TimeoutNadawania = write_timeout_s;
     TimeoutOdbierania = read_timeout_s;
+    UstawNumerBledu(0);  // the outcome of an older exchange is none of the opening's
     InicjujKompletniePortSzeregowy();
     return ZainicjowanoPortSzeregowy ? KORAX_E_OK : KORAX_E_PORT;
 }

@@ -191,10 +191,7 @@ int32_t KORAX_CALL pAdditionalCurrencyPayment(int32_t Number, int32_t IsChange, 
                         {"6.QAC: ", QAC},
                         {"7.PaidInBaseCurrency: ", PaidInBaseCurrency}});
         if (Name == nullptr) return KORAX_E_NULL;
-        if (!DodatkowaPlatnoscDostepna()) {
-            not_stored = KORAX_E_COMMAND_NOT_AVAILABLE;
-            return KORAX_E_OK;
-        }
+        if (!DodatkowaPlatnoscDostepna()) return KORAX_E_COMMAND_NOT_AVAILABLE;
         // Oddity: Two results of pAdditionalCurrencyPayment are not stored. After a name that is
         // too short, and after whatever the exchange gave, LastError says 0.
         not_stored = std::strlen(Name) < kNazwaWaluty
