@@ -13,7 +13,7 @@ namespace {
 
 constexpr int32_t kNajwiekszyNumer = 99;
 
-enum OperacjaKontrolna : int32_t { kPoczatek = 1, kKoniec = 2 };
+enum ControlOperation : int32_t { kPoczatek = 1, kKoniec = 2 };
 
 int32_t RozpocznijZNumerem(int32_t printout_number) {
     if (const int32_t error = RozpocznijSesjePozaParagonem()) return error;
