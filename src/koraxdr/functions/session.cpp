@@ -6,6 +6,7 @@
 #include "koraxdr/frame.h"
 #include "koraxdr/session.h"
 #include "port/opening.h"
+#include "port/sysseria.h"
 
 namespace {
 
