@@ -9,10 +9,7 @@ include(CMakePackageConfigHelpers)
 
 set(cmake_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/koraxdr)
 
-add_library(koraxdr::koraxdr ALIAS koraxdr)
-# One folder in the build tree, another where it is installed.
-set_property(TARGET koraxdr PROPERTY INTERFACE_INCLUDE_DIRECTORIES
-  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+target_include_directories(koraxdr INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 
 install(TARGETS koraxdr EXPORT koraxdrTargets
   RUNTIME COMPONENT Runtime
@@ -43,14 +40,16 @@ install(FILES ${PROJECT_BINARY_DIR}/koraxdr.pc DESTINATION ${CMAKE_INSTALL_LIBDI
 
 if(WIN32)
   # The import library for other compilers' linkers, and the list that one can be made from.
-  install(FILES ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/koraxdr.lib TYPE LIB COMPONENT Development)
   get_target_property(library_binary_dir koraxdr BINARY_DIR)
+  install(FILES $<TARGET_LINKER_FILE_DIR:koraxdr>/koraxdr.lib TYPE LIB COMPONENT Development)
   install(FILES ${library_binary_dir}/koraxdr.def TYPE LIB COMPONENT Development)
 else()
   install(FILES packaging/70-korax.rules DESTINATION lib/udev/rules.d COMPONENT Runtime)
   install(FILES docs/man/koraxdr.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT Development)
-  install(TARGETS koraxsim RUNTIME COMPONENT Tools)
-  install(FILES docs/man/koraxsim.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
+  if(TARGET koraxsim)
+    install(TARGETS koraxsim RUNTIME COMPONENT Tools)
+    install(FILES docs/man/koraxsim.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tools)
+  endif()
 endif()
 
 # How the library is built inside concerns its own developers only.

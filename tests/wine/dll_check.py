@@ -20,6 +20,13 @@ assert imported <= {"kernel32.dll", "msvcrt.dll", "user32.dll", "ws2_32.dll"}, i
 found = re.search(r"DllCharacteristics\s+([0-9a-f]+)", shown)[1]
 assert int(found, 16) == int(characteristics, 16), found
 
+# The function that a smashed stack ends in is called from nearly every function with a buffer.
+code = subprocess.run([objdump, "-d", "--no-show-raw-insn", dll], capture_output=True, text=True, check=True).stdout
+guard = re.search(r"^ *([0-9a-f]+):\s+mov +\$0x2,%ecx\n.*int +\$0x29", code, re.MULTILINE)
+assert guard, "no stack protection"
+callers = len(re.findall(rf"call +(?:0x)?{guard[1]}\b", code))
+assert callers > 50, callers
+
 with open(dll, "rb") as file:
     resource = file.read().decode("utf-16-le", "replace")
 assert re.search(rf"ProductVersion\0+{re.escape(version)}\0", resource)
