@@ -1,19 +1,6 @@
 #include "scenario/shop.h"
 
-#include <iconv.h>
-
 using memory::os;
-
-std::string Cp1250(const std::string& utf8) {
-    std::string in = utf8, out(utf8.size(), '\0');
-    char *source = in.data(), *target = out.data();
-    std::size_t source_left = in.size(), target_left = out.size();
-    const iconv_t converter = iconv_open("CP1250", "UTF-8");
-    iconv(converter, &source, &source_left, &target, &target_left);
-    iconv_close(converter);
-    out.resize(out.size() - target_left);
-    return out;
-}
 
 void Shop::Open(const sim::DeviceOptions& options) {
     ResetDriver();

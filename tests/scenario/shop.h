@@ -4,10 +4,8 @@
 #include <optional>
 
 #include "sim/device.h"
+#include "support/cp1250.h"
 #include "support/driver_test.h"
-
-// Text as an application passes it: code page 1250.
-std::string Cp1250(const std::string& utf8);
 
 // The device as the far end of the line in memory.
 class DeviceLine : public memory::Peer {

@@ -66,16 +66,6 @@ void DriverTest::OpenReceipt(int type, int version, int page) {
     EXPECT_EQ(CodePage1250, page);
 }
 
-void DriverTest::ByType(bool asks, const std::vector<int>& served, int32_t refused,
-                        const std::string& conversation, const std::function<int32_t()>& call) {
-    for (int type = 1; type <= 13; ++type) {
-        const bool serves = std::ranges::count(served, type) != 0;
-        StartSession(asks ? type % 13 + 1 : type);
-        Expect((asks ? Identify(type, 3) : "") + (serves ? conversation : ""), serves ? 0 : refused,
-               call);
-    }
-}
-
 std::string ReceiptState() {
     std::string words;
     if (ParagonRozpoczety) words += " open";

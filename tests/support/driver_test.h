@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "engine/sysproc.h"
 #include "koraxdr.h"
 #include "koraxdr/state.h"
@@ -46,19 +44,6 @@ class DriverTest : public testing::Test {
         EXPECT_EQ(Call(conversation, f, a...), result);
         EXPECT_EQ(LastError(), result);
     }
-    // The same for each case in words: "conversation = result | conversation = result".
-    template <class Function, class... Arguments>
-    void ExpectAll(const std::string& head, std::string cases, Function f, Arguments... a) {
-        for (cases += " | "; !cases.empty(); cases.erase(0, cases.find(" | ") + 3)) {
-            const std::size_t middle = cases.find(" = ");
-            Expect(head + cases.substr(0, middle), std::stoi(cases.substr(middle + 3)), f, a...);
-        }
-    }
-    // On the types listed the call has the conversation and succeeds, on the others it is refused.
-    // With `asks` it asks for the type first, and another one is known.
-    void ByType(bool asks, const std::vector<int>& served, int32_t refused,
-                const std::string& conversation, const std::function<int32_t()>& call);
-
     Script device;
 };
 

@@ -1,97 +1,81 @@
-// What the functions share: null arguments, the debug box, the session start and the open receipt,
-// in this order, whatever is wrong with the other arguments.
-#include <algorithm>
+// What all functions share: the debug box before everything else, then the session start and the
+// open receipt.
+#include <sstream>
 
+#include "support/calls.h"
 #include "support/contents.h"
 #include "support/driver_test.h"
 
 namespace {
 
 using Frame = DriverTest;
-using Results = std::vector<int32_t>;
 
-int32_t cell = 0;
-int64_t wide = 0;
-char text[256] = "";
+struct Box {
+    std::string call, lines;
+};
 
-const auto All = [](auto... results) { return Results{results...}; };
-
-Results InsideOnly() {
-    return All(DiscountOrSurcharge(1, -2), PercentDiscountOrSurcharge(1, 2),
-               PackageItem(4, 2, 3, 4), PrintSubtotal());
+std::vector<Box> ReadBoxes() {
+    std::vector<Box> boxes;
+    std::istringstream input(Contents(TESTS_DIR "/wire/boxes.txt"));
+    for (std::string line; std::getline(input, line);) {
+        if (line.starts_with("> ")) boxes.push_back({line.substr(2), ""});
+        if (line.ends_with("|")) boxes.back().lines += line.substr(0, line.size() - 1) + "\n";
+    }
+    return boxes;
 }
 
-Results OutsideOnly() {
-    return All(
-        DailyReport(1), LockedArticlesReport(), PrinterStatusReport(), MonthlyReport(3, 4, 5),
-        PeriodReport(0, 1, 2, 3, 4, 5, 66), NumberReport(3, 4, 5), DailyReportNumber(&cell),
-        pReadClock(text), ChangeTime(24, 60), pReadTotal(text), pReadSelTotal("A", text),
-        pReadUniqueNumber(text), pReadDailyCounters(&cell, &cell), NonFiscalPrintoutBegin(100),
-        pReadDailyTotalizers(3, &wide, &wide, &wide, &wide, &wide, &wide, &wide),
-        NonFiscalPrintoutEnd(), pNonFiscalPrintoutLine(100, "t", 2), pAddNonFiscalPrintoutLine("t"),
-        pControlPrintout(3, "n", 5), WriteLineFeed(1), pCheckArticle("n", &cell, &cell),
-        WriteUserQuorra(1, 2, "t"), pWriteECRCashierCode(1, "c"), pDisplayGX450(1, "t"));
-}
+// What a call without a session shows in boxes and prints.
+struct Shown {
+    std::vector<std::string> boxes;
+    std::string printed;
+};
 
-TEST_F(Frame, NullArgumentsThenSessionThenReceipt) {
+Shown ShownBy(const std::string& call, bool debug_mode) {
+    ResetDriver();
     NrPortu = 0;
-    ParagonRozpoczety = 1;
-    EXPECT_EQ(InsideOnly(), Results(4, 114));
-    EXPECT_EQ(OutsideOnly(), Results(24, 114));
-    EXPECT_EQ(All(pInvoiceBegin("", "", "", "", "", "", "", ""), ReadStatus(0, 0, 0, 0),
-                  ReadConfigBytes(1, 0, 0, 0), WriteConfigBytes(1, 2, 3, 4), OpenDrawer(1)),
-              Results(5, 114));
-    EXPECT_EQ(
-        All(pReadClock(nullptr), pReadTotal(nullptr), pReadSelTotal(nullptr, nullptr),
-            pWriteLogo(nullptr), pReadUniqueNumber(nullptr), pReadFooterLines(text, text, nullptr),
-            pReadDailyCounters(&cell, nullptr), pControlPrintout(3, nullptr, 0),
-            pCheckArticle("", &cell, nullptr), RSSequence(1, 1, 0, nullptr, nullptr)),
-        Results(10, 225));
-    // These come without a session: a range, a file, the functions that start none.
-    EXPECT_EQ(All(OpenDrawer(4), pWriteLogo("no such file"), pWriteFooterLines("", "", ""),
-                  pReadFooterLines(text, text, text), RSSequence(1, 0, 0, nullptr, nullptr)),
-              (Results{212, 236, 20, 20, 20}));
-    StartSession(2);
-    EXPECT_EQ(InsideOnly(), Results(4, 201));
-    ParagonRozpoczety = 1;
-    EXPECT_EQ(OutsideOnly(), Results(24, 200));
-    EXPECT_TRUE(os.notices.empty());
+    DebugMode = debug_mode;
+    testing::internal::CaptureStdout();
+    CallByText(call);
+    std::fflush(stdout);
+    return {os.notices, testing::internal::GetCapturedStdout()};
 }
 
-// The misspelt words are meant.
-TEST_F(Frame, BoxesShowTheArgumentsBeforeTheSession) {
-    const auto call_all = [] {
-        NrPortu = 0;
-        cell = -3;
-        InsideOnly();
-        OutsideOnly();
-        pInvoiceBegin("a", "b", "c", "d", "e", "f", "g", "h");
-        All(OpenDrawer(4), pWriteFooterLines("a", "", "c"), RSSequence(1, 0, 0, nullptr, nullptr),
-            SetVAT(7, 1, 2, 3, 4, 5, 6, 8), PrintControl(1), ReceiptEndEx(10, 2),
-            pReceiptItem(1, "i", 2, 3, 4, 5, "kg", 6, &cell), pFillPayment(9, "p", 1, 2),
-            pSendPayment(9, "s", 3, 4), pFillLines(23, "x", &cell),
-            pCurrencyPayment1("c", "4.2", 1, 2, 0), pCurrencyPayment2(1, 2, 3, 4, 0),
-            pAdditionalCurrencyPayment(1, 2, "", 3, 4, 5, 6), OpenPort(1, 9600, 2, 3));
-    };
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(SetDebugMode(), 0);
-    call_all();
-    EXPECT_EQ(ClearDebugMode(), 0);
-    call_all();
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),  // printed, not shown: meant
-              "Sent to function pWriteECRCashierCode:\n1.ECRCode: 1\n1.CashierCode: c\n");
-    std::ranges::sort(os.notices);
-    std::string shown;
-    for (const std::string& box : os.notices)
-        for (const char c : box + "\n") shown += c == '\n' ? "|\n" : std::string(1, c);
-    EXPECT_EQ(shown, Contents(TESTS_DIR "/wire/boxes.txt"));
+TEST_F(Frame, FunctionsShowTheirArgumentsInDebugModeOnly) {
+    for (const auto& [call, lines] : ReadBoxes()) {
+        SCOPED_TRACE(call);
+        const Shown off = ShownBy(call, false), on = ShownBy(call, true);
+        EXPECT_EQ(off.boxes, std::vector<std::string>());
+        EXPECT_EQ(on.boxes, lines.empty() ? std::vector<std::string>()
+                                          : std::vector<std::string>{"DEBUG MODE\n" + lines});
+        EXPECT_EQ(off.printed, "");
+        EXPECT_EQ(on.printed, "");
+    }
+}
 
-    os.notices.clear();
-    StartSession(7);
-    SetDebugMode();
-    Call(Identify(7, 3), IsCodePage1250, &cell);
-    EXPECT_TRUE(os.notices.empty()) << "asked by every receipt it shows nothing";
-    pFillPayment(1, std::string(9000, 'x').c_str(), 1, 2);  // fits
+TEST_F(Frame, TheCashierCodeIsPrintedInsteadOfShown) {
+    const std::string call = "pWriteECRCashierCode 1 'c'";
+    EXPECT_EQ(ShownBy(call, false).printed, "");
+    const Shown on = ShownBy(call, true);
+    EXPECT_EQ(on.printed,
+              "Sent to function pWriteECRCashierCode:\n1.ECRCode: 1\n1.CashierCode: c\n");
+    EXPECT_EQ(on.boxes, std::vector<std::string>());
+}
+
+TEST_F(Frame, TheModeIsSwitchedOnAndOff) {
+    EXPECT_EQ(SetDebugMode(), 0);
+    OpenDrawer(4);
+    EXPECT_EQ(os.notices.size(), 1u);
+    EXPECT_EQ(ClearDebugMode(), 0);
+    OpenDrawer(4);
+    EXPECT_EQ(os.notices.size(), 1u);
+}
+
+TEST_F(Frame, ABoxHoldsTextsOfAnyLength) {
+    DebugMode = 1;
+    pFillPayment(1, std::string(9000, 'x').c_str(), 1, 2);
+    pFillPayment(1, nullptr, 1, 2);
+    ASSERT_EQ(os.notices.size(), 2u);
+    EXPECT_LT(os.notices[0].size(), 4200u);
 }
 
 }  // namespace
