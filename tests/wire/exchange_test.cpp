@@ -115,9 +115,19 @@ TEST_F(Exchange, StatusBytesBecomeErrorNumbers) {
             Hex({static_cast<uint8_t>(status)}) + (status == 122 ? "FF34" : "");
         const int unnamed = status == 19 ? 46 : 23;
         ASSERT_EQ(Run("30>05<" + answer, 0, "05", 9), named ? status + 100 : unnamed);
-        if (status == 122) ExpectLanded("FF34");
     }
-    EXPECT_EQ(Run("30>05<7A01", 0, "05", 1), 21) << "status 122 whose two bytes do not come";
+}
+
+TEST_F(Exchange, TwoBytesBelongToOneStatusInAListOfRecordsToo) {
+    // Of the two kinds of command only the second one has records, which FF would end.
+    for (const std::string head : {"30>00", "47>00"}) {
+        for (const char* bytes : {"0134", "FF34", "34FF", "FFFF"}) {
+            SCOPED_TRACE(head + " " + bytes);
+            EXPECT_EQ(Run(head + "<7A" + bytes, 0, "00", 100), 222);
+            ExpectLanded(bytes);
+        }
+        EXPECT_EQ(Run(head + "<7A01", 0, "00", 100), 21) << "the second one does not come";
+    }
 }
 
 TEST_F(Exchange, ListsOfRecordsEndAtTheirMark) {

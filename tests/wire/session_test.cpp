@@ -158,6 +158,7 @@ TEST_F(SessionStart, ALaterFailureDoesNotEndTheSession) {
 }
 
 TEST_F(SessionStart, PortFunctionsActOnThePortAlone) {
+    NumerBledu = KORAX_E_RECEIVE_TIMEOUT;  // of an older exchange: the line is set up all the same
     Expect("", 0, OpenPort, 258, 57600, 1, 9);
     EXPECT_EQ(NrPortu, 2) << "the port number is a byte";
     ExpectOpening("open COM2; pause 100; apply 57600 8E1 cts w1 r9");
