@@ -14,14 +14,12 @@
 
 enum { BAUD = 9600, TIMEOUT_S = 5, COM_PORT = 1 };
 enum { SALE = 1, DISCOUNT = 1 };
-enum { NAK = 24, RECEIPT_CANCELLED = 210, NOTHING_SOLD = 211, NOT_AVAILABLE = 213, NOT_HERE = 224 };
-enum { RATE_A = 1, RATE_B = 2, RATE_C = 3 };
 
 static int64_t sold_today; /* hundredths, of the receipts that were ended */
 
 static void fail(const char* call, int32_t error) {
     printf("%s failed with %d\n", call, (int)error);
-    if (error == RECEIPT_CANCELLED) {
+    if (error == KORAX_E_RECEIPT_CANCELLED) {
         char reason[256];
         int32_t code = 0;
         if (CancellationReason(&code, reason) == 0) printf("reason %d\n", (int)code);
@@ -38,7 +36,8 @@ static void must(const char* call, int32_t error) {
 
 /* What a device may lack: 1 when it was done. */
 static int may(const char* call, int32_t error) {
-    if (error == NAK || error == NOT_AVAILABLE || error == NOT_HERE) {
+    if (error == KORAX_E_REFUSED || error == KORAX_E_COMMAND_NOT_AVAILABLE ||
+        error == KORAX_E_NOT_IN_THIS_DEVICE) {
         printf("  (%s: not on this device, %d)\n", call, (int)error);
         return 0;
     }
@@ -67,6 +66,14 @@ static void correct_clock(void) {
     must("ChangeTime", ChangeTime(hour, minute + step));
 }
 
+/* Article names with their rates. Rates A to D have the same numbers in the device. */
+static void control_printout(void) {
+    if (!may("pControlPrintout", pControlPrintout(1, NULL, 0))) return;
+    must("pControlPrintout", pControlPrintout(3, "Chleb wiejski", KORAX_RATE_C));
+    must("pControlPrintout", pControlPrintout(3, "Sok jab\xB3kowy", KORAX_RATE_B));
+    must("pControlPrintout", pControlPrintout(2, NULL, 0));
+}
+
 static void morning(const char* logo) {
     char name[20], unique[12];
     must("pDeviceName", pDeviceName(name));
@@ -79,10 +86,14 @@ static void morning(const char* logo) {
     must("xReadVAT", (xReadVAT(rates), LastError()));
     must("SetVAT",
          SetVAT(rates[0], rates[1], rates[2], rates[3], rates[4], rates[5], rates[6], rates[7]));
-    may("pWriteFooterLines",
-        pWriteFooterLines("Zapraszamy ponownie", "pon.-pt. 7-20, sob. 8-14", ""));
+
+    /* The device's code page is asked for by a control printout or a receipt. Footer lines and codes
+     * that are written before the first of them go out in page 852, whatever the device's. */
+    control_printout();
+    may("pWriteFooterLines", pWriteFooterLines("Zapraszamy r\xF3wnie\xBF w niedziel\xEA",
+                                               "pon.-pt. 7-20, sob. 8-14", ""));
     if (logo != NULL) may("pWriteLogo", pWriteLogo(logo));
-    may("pWriteECRCashierCode", pWriteECRCashierCode(7, "Anna"));
+    may("pWriteECRCashierCode", pWriteECRCashierCode(7, "Gra\xBFyna"));
     may("pDisplayGX450", pDisplayGX450(1, "Otwarte"));
 }
 
@@ -99,10 +110,10 @@ static void sales(void) {
     for (int customer = 0; customer < 4; ++customer) {
         if (customer % 2 == 1) must("OptimizeTransmission", OptimizeTransmission());
         must("ReceiptBegin", ReceiptBegin());
-        int32_t total = sell("Chleb wiejski", RATE_C, 1, 0, "szt.", 450);
-        total += sell("Ser w plastrach", RATE_C, 250, 3, "kg", 3299);
+        int32_t total = sell("Chleb wiejski", KORAX_RATE_C, 1, 0, "szt.", 450);
+        total += sell("Ser w plastrach", KORAX_RATE_C, 250, 3, "kg", 3299);
         if (may("DiscountOrSurcharge", DiscountOrSurcharge(DISCOUNT, 100))) total -= 100;
-        total += sell("Sok jab\xB3kowy", RATE_B, 2, 0, "szt.", 599);
+        total += sell("Sok jab\xB3kowy", KORAX_RATE_B, 2, 0, "szt.", 599);
         must("ReceiptEnd", ReceiptEnd(0));
         sold_today += total;
     }
@@ -110,7 +121,7 @@ static void sales(void) {
 
 static void receipt_with_everything(void) {
     must("ReceiptBegin", ReceiptBegin());
-    int32_t total = sell("Woda mineralna", RATE_A, 6, 0, "szt.", 199);
+    int32_t total = sell("Woda mineralna", KORAX_RATE_A, 6, 0, "szt.", 199);
     may("PackageItem", PackageItem(0, 1, 6, 50));
     may("PrintSubtotal", PrintSubtotal());
     must("pFillPayment", pFillPayment(1, "Karta", total, 0));
@@ -129,7 +140,7 @@ static void invoice(void) {
                            "ul. Polna 3", "00-950 Warszawa", "", "", "", "1234563218"))) {
         return;
     }
-    const int32_t total = sell("Papier ksero", RATE_A, 10, 0, "ryza", 1250);
+    const int32_t total = sell("Papier ksero", KORAX_RATE_A, 10, 0, "ryza", 1250);
     must("ReceiptEnd", ReceiptEnd(0));
     sold_today += total;
 }
@@ -138,10 +149,6 @@ static void printouts(void) {
     if (may("NonFiscalPrintoutBegin", NonFiscalPrintoutBegin(1))) {
         must("pNonFiscalPrintoutLine", pNonFiscalPrintoutLine(1, "Stan kasy", 1));
         must("NonFiscalPrintoutEnd", NonFiscalPrintoutEnd());
-    }
-    if (may("pControlPrintout", pControlPrintout(1, NULL, 0))) {
-        must("pControlPrintout", pControlPrintout(3, "Chleb wiejski", RATE_C));
-        must("pControlPrintout", pControlPrintout(2, NULL, 0));
     }
     int32_t rate = 0, kind = 0;
     if (may("pCheckArticle", pCheckArticle("Chleb wiejski", &rate, &kind))) {
@@ -163,7 +170,7 @@ static void evening(void) {
 
     must("DailyReport", DailyReport(0));
     const int32_t again = DailyReport(0);
-    if (again != NOTHING_SOLD) fail("a second DailyReport", again);
+    if (again != KORAX_E_NOTHING_SOLD) fail("a second DailyReport", again);
     int32_t number = 0;
     if (may("DailyReportNumber", DailyReportNumber(&number))) {
         printf("Daily report %d\n", (int)number);

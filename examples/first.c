@@ -4,7 +4,7 @@
 #include <stdlib.h>
 
 enum { BAUD = 9600, TIMEOUT_S = 5 };
-enum { SALE = 1, RATE_A = 1 };
+enum { SALE = 1 };
 
 static void must(const char* call, int32_t error) {
     if (error == 0) return;
@@ -25,7 +25,7 @@ int main(int argc, char** argv) {
     printf("Device: %s\n", xDeviceName());
 
     must("ReceiptBegin", ReceiptBegin());
-    must("pReceiptItemEx", pReceiptItemEx(SALE, "Coffee", RATE_A, 0, 1, 0, "pcs", 1299));
+    must("pReceiptItemEx", pReceiptItemEx(SALE, "Coffee", KORAX_RATE_A, 0, 1, 0, "pcs", 1299));
     must("ReceiptEnd", ReceiptEnd(0));
     CommunicationEnd();
     return EXIT_SUCCESS;

@@ -13,9 +13,7 @@
 
 enum { BAUD = 9600, TIMEOUT_S = 5, COM_PORT = 1 };
 enum { CORRECTION = 0, SALE = 1 };
-enum { RATE_A = 1, RATE_B = 2, RATE_C = 3 };
 enum { AMOUNT_DISCOUNT = 1 };
-enum { RECEIPT_CANCELLED = 210 };
 
 /* Prints a text of code page 1250 on a UTF-8 terminal; every letter of it that is not ASCII has its
  * place in this short list. */
@@ -40,7 +38,7 @@ static void check(const char* call, int32_t error) {
     printf("%s: %d, ", call, (int)error);
     print_text(xErrMessage(error));
     putchar('\n');
-    if (error == RECEIPT_CANCELLED) {
+    if (error == KORAX_E_RECEIPT_CANCELLED) {
         char reason[256];
         int32_t code = 0;
         if (CancellationReason(&code, reason) == 0) {
@@ -65,10 +63,10 @@ static int32_t open_line(const char* device) {
 #endif
 }
 
-/* Types 7 and 9 take 28 characters of a name, the others 40 and more. */
+/* Types 7 and 9 refuse a name of more than 28 characters; the others cut it to what they print. */
 static const char* fitting(const char* name, int32_t device_type) {
     static char cut[29];
-    if (device_type != 7 && device_type != 9) return name;
+    if (device_type != KORAX_TYPE_QUORRA_F && device_type != KORAX_TYPE_TOLA_F) return name;
     snprintf(cut, sizeof cut, "%s", name);
     return cut;
 }
@@ -89,17 +87,19 @@ int main(int argc, char** argv) {
      * the value of the line; 0 asks the library to work it out. */
     const struct {
         int32_t sale;
-        const char* name; /* UTF-8 in the comment, code page 1250 in the text */
+        const char* name;
         int32_t rate, quantity, decimals;
         const char* unit;
         int32_t price;
     } items[] = {
-        {SALE, "Chleb \xBFytni krojony", RATE_C, 2, 0, "szt.", 449}, /* żytni */
-        {SALE, "Jab\xB3ka ligol", RATE_C, 1356, 3, "kg", 399},       /* Jabłka */
-        {SALE, "Kawa palona mielona \x9Cwie\xBFo parzona", RATE_A, 1, 0, "opak", 2799}, /* świeżo */
-        {SALE, "Czekolada gorzka z ca\xB3ymi orzechami", RATE_A, 3, 0, "szt.", 649}, /* całymi */
-        {CORRECTION, "Czekolada gorzka z ca\xB3ymi orzechami", RATE_A, 1, 0, "szt.", 649},
-        {SALE, "Gazeta codzienna", RATE_B, 1, 0, "szt.", 350},
+        /* Chleb żytni krojony, Jabłka ligol, Kawa palona mielona świeżo parzona, Czekolada gorzka z
+         * całymi orzechami (three, and one of them taken back), Gazeta codzienna */
+        {SALE, "Chleb \xBFytni krojony", KORAX_RATE_C, 2, 0, "szt.", 449},
+        {SALE, "Jab\xB3ka ligol", KORAX_RATE_C, 1356, 3, "kg", 399},
+        {SALE, "Kawa palona mielona \x9Cwie\xBFo parzona", KORAX_RATE_A, 1, 0, "opak", 2799},
+        {SALE, "Czekolada gorzka z ca\xB3ymi orzechami", KORAX_RATE_A, 3, 0, "szt.", 649},
+        {CORRECTION, "Czekolada gorzka z ca\xB3ymi orzechami", KORAX_RATE_A, 1, 0, "szt.", 649},
+        {SALE, "Gazeta codzienna", KORAX_RATE_B, 1, 0, "szt.", 350},
     };
 
     check("ReceiptBegin", ReceiptBegin());

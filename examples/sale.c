@@ -1,11 +1,19 @@
 /* sale DEVICE JOURNAL: sells one coffee exactly once, however often it is started. Its status is
  * 0 sold, 1 not sold, 2 a person has to look, 3 not known before the device answers again. */
+#define _POSIX_C_SOURCE 200809L /* fsync */
 #include <koraxdr.h>
 #include <stdio.h>
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <libgen.h>
+#include <unistd.h>
+#endif
 
 enum { PORT = 1, BAUD = 9600, TIMEOUT_S = 5 };
-enum { SALE = 1, RATE_A = 1 };
-enum { ASK_RECEIPTS = 102, ASK_DAILY_REPORTS = 217, REFUSED = 24 };
+enum { SALE = 1, READINGS = 4 };
+enum { ASK_RECEIPTS = 102, ASK_DAILY_REPORTS = 217 };
 
 typedef enum { SOLD, NOT_SOLD, LOOK_AT_THE_PAPER, NOT_KNOWN } Outcome;
 
@@ -23,12 +31,29 @@ static int32_t ask(int32_t command, int* value) {
     return error;
 }
 
-static int32_t read_counters(Counters* now) {
+static int32_t ask_counters(Counters* now) {
     int32_t error = ask(ASK_RECEIPTS, &now->receipts);
     if (error != 0) return error;
     now->reports = 0; /* stays so where a device does not tell */
     error = ask(ASK_DAILY_REPORTS, &now->reports);
-    return error == REFUSED ? 0 : error;
+    return error == KORAX_E_REFUSED ? 0 : error;
+}
+
+/* The line has no check sum: a flipped bit makes another number, and one answer alone proves
+ * nothing. Two in a row that agree do; what came damaged is asked for again. */
+static int32_t read_counters(Counters* now) {
+    Counters last = {-1, -1};
+    int32_t error = 0;
+    for (int reading = 0; reading < READINGS; ++reading) {
+        error = ask_counters(now);
+        if (error != 0) {
+            last.receipts = -1;
+            continue;
+        }
+        if (now->receipts == last.receipts && now->reports == last.reports) return 0;
+        last = *now;
+    }
+    return error != 0 ? error : KORAX_E_UNEXPECTED_ANSWER;
 }
 
 /* After a session start no receipt is open and the counters are final. */
@@ -47,11 +72,28 @@ static int journal_read(const char* path, Counters* before) {
     return fields == 3 && end == '.'; /* a torn row was never followed by a receipt */
 }
 
+/* Closing a file leaves it in the computer's memory, which a power cut takes along. */
+static int on_the_disk(FILE* file, const char* path) {
+#if defined(_WIN32)
+    (void)path; /* the file's entry in its folder goes with it */
+    return fflush(file) == 0 && _commit(_fileno(file)) == 0;
+#else
+    char name[4096];
+    snprintf(name, sizeof name, "%s", path);
+    const int folder = open(dirname(name), O_RDONLY);
+    if (folder < 0) return 0;
+    const int done = fflush(file) == 0 && fsync(fileno(file)) == 0 && fsync(folder) == 0;
+    close(folder);
+    return done;
+#endif
+}
+
 static int journal_written(const char* path, const Counters* before) {
     FILE* file = fopen(path, "w");
     if (file == NULL) return 0;
     fprintf(file, "%d %d.", before->receipts, before->reports);
-    return fclose(file) == 0;
+    const int done = on_the_disk(file, path);
+    return fclose(file) == 0 && done;
 }
 
 static Outcome compare(const Counters* before, const Counters* now) {
@@ -62,7 +104,7 @@ static Outcome compare(const Counters* before, const Counters* now) {
 
 static int32_t print_receipt(void) {
     int32_t error = ReceiptBegin();
-    if (error == 0) error = pReceiptItemEx(SALE, "Coffee", RATE_A, 0, 1, 0, "pcs", 1299);
+    if (error == 0) error = pReceiptItemEx(SALE, "Coffee", KORAX_RATE_A, 0, 1, 0, "pcs", 1299);
     if (error == 0) error = ReceiptEnd(0);
     return error;
 }

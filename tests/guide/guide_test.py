@@ -18,7 +18,8 @@ from pathlib import Path
 PROJECT, COMPILER, LIBRARY, KORAXSIM, EXAMPLES = Path(sys.argv[1]), *sys.argv[2:6]
 GUIDE = (PROJECT / "docs/guide.md").read_text()
 FIRST, SALE = Path(EXAMPLES, "first"), Path(EXAMPLES, "sale")
-SOLD = 0  # status of "sale"
+SOLD, NOT_SOLD = 0, 1  # status of "sale"
+COUNTERS = (b"\x1b\x66", b"\x1b\xd9")  # the sequences that ask for receipts and daily reports
 sys.path.insert(0, str(PROJECT / "tests/bindings"))
 from simulator import simulator, wait_until
 
@@ -35,23 +36,31 @@ class Guide(unittest.TestCase):
         wait_until(lambda: receipts() >= count)
         self.assertEqual(count, receipts())
 
-    def run_program(self, program, *arguments, limit=None, fault=None):
+    def run_program(self, program, *arguments, limit=None, fault=None, counter=None, preload=""):
         """Runs a program over a pseudo-terminal of its own. Once it has sent `limit` bytes it is killed
-        (fault "crash") or its port vanishes ("cable"). Returns its status and how many bytes it sent."""
+        (fault "crash") or its port vanishes ("cable"). A bit is turned in the answer to the
+        `counter`-th question for a counter. Returns its status and how many bytes it sent."""
         near, far = pty.openpty()
         tty.setraw(far)
         device = os.open(self.device, os.O_RDWR | os.O_NOCTTY)
-        process = subprocess.Popen([program, os.ttyname(far), *arguments])
+        process = subprocess.Popen([program, os.ttyname(far), *arguments],
+                                   env={**os.environ, "LD_PRELOAD": str(preload)})
         sent, ends = 0, [near, far, device]
+        self.questions, last, answered = 0, b"", 0
         while process.poll() is None:
             for ready in select.select([end for end in ends if end != far], [], [], 0.02)[0]:
                 if ready == device:
-                    answer = os.read(device, 4096)
+                    answer = bytearray(os.read(device, 4096))
+                    if last in COUNTERS and self.questions == counter and answered < 2 <= answered + len(answer):
+                        answer[1 - answered] ^= 1  # behind the acknowledgement
+                    answered += len(answer)
                     if near in ends:
                         os.write(near, answer)
                 else:
-                    os.write(device, os.read(near, 1))
-                    sent += 1
+                    byte = os.read(near, 1)
+                    os.write(device, byte)
+                    sent, last, answered = sent + 1, (last + byte)[-2:], 0
+                    self.questions += last in COUNTERS
             if sent != limit:
                 continue
             limit = None
@@ -86,12 +95,14 @@ class Guide(unittest.TestCase):
     def test_programs(self):
         self.assertEqual(self.run_program(FIRST)[0], 0)
         self.assert_sold(1)
-        self.interrupt()
+        sold = self.interrupt(1)
+        sold = self.turn_bits(sold)
+        self.lose_journal(sold)
 
-    def interrupt(self):
+    def interrupt(self, sold):
         """Whatever breaks at whichever byte: the coffee is sold once in the end."""
         whole = self.run_program(SALE, self.folder / "whole")[1]
-        sold = 2
+        sold += 1
         for limit in (whole - rest for rest in (70, 13, 6, 2, 0)):
             for fault in ("crash", "cable"):
                 with self.subTest(bytes=limit, of=whole, fault=fault):
@@ -103,6 +114,32 @@ class Guide(unittest.TestCase):
                     sold += 1
                     self.assertEqual(status, SOLD)
                     self.assert_sold(sold)
+        return sold
+
+    def turn_bits(self, sold):
+        """One counter that arrives as another number changes nothing, whichever it is."""
+        self.run_program(SALE, self.folder / "questions")
+        sold += 1
+        for counter in range(1, self.questions + 1):
+            with self.subTest(counter=counter):
+                status = self.run_program(SALE, self.folder / f"bit{counter}", counter=counter)[0]
+                sold += 1
+                self.assertEqual(status, SOLD)
+                self.assert_sold(sold)
+        return sold
+
+    def lose_journal(self, sold):
+        """A row that does not reach the disk, itself or its file's entry, begins no receipt."""
+        for name, kind in {"row": "S_ISREG", "entry": "S_ISDIR"}.items():
+            with self.subTest(lost=name):
+                library = self.folder / f"{name}.so"
+                code = f"""#include <sys/stat.h>
+                    int fsync(int file) {{ struct stat is; return fstat(file, &is) || {kind}(is.st_mode) ? -1 : 0; }}"""
+                subprocess.run([COMPILER, "-shared", "-fPIC", "-o", library, "-xc", "-"], input=code,
+                               text=True, check=True)
+                status = self.run_program(SALE, self.folder / name, preload=library)[0]
+                self.assertEqual(status, NOT_SOLD)
+                self.assert_sold(sold)
 
     def test_error_texts(self):
         library = ctypes.CDLL(LIBRARY)
