@@ -22,28 +22,40 @@
  *   quantities        scaled by 10 to the power of their decimals: 1500 with 3 decimals is 1.500
  *   tax rates         hundredths of a percent: 2300 is 23.00 %; 10000 = exempt, 25500 = not used
  *   time-outs         seconds for each byte or block that is moved
- *   texts             code page 1250, ended by a zero byte; the library converts them to the
- *                     device's code page (852, 1250 or Mazovia). The page is asked for by
- *                     ReceiptBegin, pInvoiceBegin and the beginning of a control printout; until
- *                     the first of them it is taken for 852
+ *   texts             code page 1250, ended by a zero byte; see below
+ *
+ * TEXTS
+ *
+ * The library converts the 18 Polish letters to the device's code page (852, 1250 or Mazovia) and
+ * passes every other byte as it is. ReceiptBegin and pInvoiceBegin (not after OptimizeTransmission)
+ * and the beginning of a control printout ask for the page; until the first of them it is taken for
+ * 852, so that footer lines, codes and printouts that are written earlier reach a device of another
+ * page wrong. Texts that are not converted, or to 852 always, say so.
+ *
+ * No text may hold a control character (below 0x20): most are sent as they are, and the device
+ * takes a line feed for the end of a line and what follows for a command. A line feed in an
+ * additional line cancels the receipt; "\n\x1b#" there cancels it with ReceiptEnd giving 0. One of
+ * them in a name that comes from outside the shop is enough: take them out of every text.
  *
  * ERRORS THAT ANY CALL TO THE DEVICE CAN RETURN
  *
- *   2      the port does not exist, is in use, or refused its settings (session start)
- *   114    no port number is set (session start): call CommunicationInit()
- *   20     a byte could not be sent within the time-out
- *   21     an expected byte did not come within the time-out, came damaged, or the port is gone
- *   23     the device answered something unexpected
- *   24     the device refused the command (NAK): for many commands, it does not know it
- *   26, 46 the device found the transmission damaged
- *   101 to 118, 200 to 209, 211, 212, 215, 217, 220 to 232
+ *   2      KORAX_E_PORT (session start): no such port, in use, or it refuses its settings
+ *   114    KORAX_E_NO_PORT_NUMBER (session start): call CommunicationInit()
+ *   20     KORAX_E_SEND_TIMEOUT: a byte could not be sent within the time-out, or no port is open
+ *   21     KORAX_E_RECEIVE_TIMEOUT: an expected byte did not come in time or came damaged, or the
+ *          port is gone
+ *   23     KORAX_E_UNEXPECTED_ANSWER: the device answered something unexpected
+ *   24     KORAX_E_REFUSED: the device refused the command (NAK); often it does not know it
+ *   26, 46 the device found the transmission damaged (KORAX_E_DAMAGED, KORAX_E_CHECK_SUM)
+ *   101 to 105, 107 to 118, 200 to 209, 211, 212, 215, 217, 220 to 232
  *          the device's own status, passed on; texts by pErrMessage()
  *   102, 103, 109, 112
  *          the printing unit: no contact, failure, no paper, printout stopped for want of paper
  *
- * The entries below list these only where they mean more. After an error of a call the session
- * stands; only a failed session start ends it. A call after a port has vanished fails with 20 or
- * 21; CommunicationInit() on the returned port goes on.
+ * The entries below list these only where they mean more. docs/errors.md has every number with its
+ * constant and what to do. After an error of a call the session stands; only a failed session start
+ * ends it. A call after a port has vanished fails with 20 or 21; CommunicationInit() on the
+ * returned port goes on.
  *
  * A null text, buffer or cell gives 225 before anything is sent, unless the entry says that it must
  * not be null. "Receipt open: 200" means that the function refuses to run inside a receipt.
@@ -69,15 +81,16 @@
 
 /* ---- Constants ---- */
 
-/* The interface described here; pDllVersion tells that of the library that was loaded. */
+/* The interface that a program is compiled for (44400 is 4.44.0), for #if KORAXDR_VERSION >= 44400;
+ * pDllVersion tells that of the library that was loaded. */
 #define KORAXDR_VERSION_MAJOR 4
 #define KORAXDR_VERSION_MINOR 44
 #define KORAXDR_VERSION_PATCH 0
-#define KORAXDR_VERSION                                            \
-    (KORAXDR_VERSION_MAJOR * 10000 + KORAXDR_VERSION_MINOR * 100 + \
-     KORAXDR_VERSION_PATCH) /* 44400, for comparisons */
+#define KORAXDR_VERSION \
+    (KORAXDR_VERSION_MAJOR * 10000 + KORAXDR_VERSION_MINOR * 100 + KORAXDR_VERSION_PATCH)
 
-/* Error numbers. What each means and what to do about it: docs/guide.md. */
+/* Error numbers. What each means and what to do about it: docs/errors.md. 231 has two names, since
+ * pAdditionalCurrencyPayment gives it for a currency name that is too short. */
 #define KORAX_E_OK 0
 #define KORAX_E_PORT 2
 #define KORAX_E_PORT_BUSY 5
@@ -135,7 +148,7 @@
 #define KORAX_E_CLOCK_TOO_FAR 229
 #define KORAX_E_CLOCK_ONCE_A_DAY 230
 #define KORAX_E_CONTROL_CHARACTER 231
-#define KORAX_E_CURRENCY_NAME 231 /* pAdditionalCurrencyPayment: the number is shared */
+#define KORAX_E_CURRENCY_NAME 231
 #define KORAX_E_DATA_CHECK_SUM 232
 #define KORAX_E_INCOMPLETE_DATA 233
 #define KORAX_E_SAME_DATA 234
@@ -145,7 +158,8 @@
 #define KORAX_E_TOO_MANY_PACKAGES 238
 #define KORAX_E_INTERNAL 999
 
-/* Tax rates as functions take them. */
+/* Tax rates as the functions of a receipt take them. pControlPrintout and pCheckArticle count as
+ * the device does: A to D likewise, then G, E and F as 5, 6 and 7. */
 #define KORAX_RATE_A 1
 #define KORAX_RATE_B 2
 #define KORAX_RATE_C 3
@@ -154,11 +168,11 @@
 #define KORAX_RATE_F 6
 #define KORAX_RATE_G 7
 
-/* Values of a tax rate that are no percentage. */
+/* Values of ReadVAT and SetVAT that are no percentage. */
 #define KORAX_RATE_EXEMPT 10000
 #define KORAX_RATE_NOT_USED 25500
 
-/* Device types. */
+/* Device types, as DeviceType tells them. */
 #define KORAX_TYPE_GX450A_5 1
 #define KORAX_TYPE_GX450A_7 2
 #define KORAX_TYPE_QUORRA_1 3
@@ -188,9 +202,12 @@ extern "C" {
  *   BaudRate  9600 unless the device was set otherwise
  *   Timeout   seconds for sending and for receiving; 0 = do not wait for bytes to come (and on
  *             Windows no limit for sending)
- * Errors: 2, 114 (port 0 while no port is in force), those of PrintControl and DeviceType. After a
- * failure the port is closed and the port number forgotten. Opening takes about a third of a
- * second. */
+ * After a program was killed wait 3 seconds before the first call: a device that stands in the
+ * middle of a sequence would take the session's bytes for the rest of it (see SetVAT).
+ * Errors: 2 KORAX_E_PORT, 114 KORAX_E_NO_PORT_NUMBER (port 0 while no port is in force), those of
+ * PrintControl and DeviceType. After a failure the port is closed and the port number forgotten:
+ * functions that start a session then fail with 2, once, and with 114 until the next
+ * CommunicationInit; those that start none with 20. Opening takes about a third of a second. */
 KORAX_API int32_t KORAX_CALL CommunicationInit(int32_t Port, int32_t BaudRate, int32_t Timeout);
 
 /* The session start that every function uses, with the speed and the time-out of the last
@@ -222,14 +239,15 @@ KORAX_API int32_t KORAX_CALL ClosePort(void);
 
 /* For the next receipt: leaves out the code-page query at its beginning and the confirmation of
  * each item (types 1 to 7 and 13), and sends data in blocks. ReceiptEndEx, ReceiptEnd, ClosePort
- * and CommunicationEnd end it. Always 0. */
+ * and CommunicationEnd end it; ReceiptCancel does not. Always 0. */
 KORAX_API int32_t KORAX_CALL OptimizeTransmission(void);
 
 /* The error number of the last call, which is then cleared: a second call gives 0. */
 KORAX_API int32_t KORAX_CALL LastError(void);
 
-/* In debug mode functions first show their arguments: in a message box on Windows, in a frame on
- * standard error elsewhere (which waits for Enter when standard input is a terminal). Always 0. */
+/* In debug mode 32 functions first show their arguments: in a message box on Windows, in a frame on
+ * standard error elsewhere (which waits for Enter when standard input is a terminal). The guide
+ * names them. Always 0. */
 KORAX_API int32_t KORAX_CALL SetDebugMode(void);
 KORAX_API int32_t KORAX_CALL ClearDebugMode(void);
 
@@ -253,11 +271,7 @@ KORAX_API int32_t KORAX_CALL SetPortDevice(int32_t Port, const char* DevicePath)
 /* ---- Device ---- */
 
 /* Asks the device for its type and program version. Starts no session: the port must be open.
- *   Type     1 to 13:  1 GX450A 5-stawkowa   2 GX450A 7-stawkowa   3 QUORRA I generacji
- *                      4 QUORRA II generacji 5 GX450B 5-stawkowa   6 GX450B 7-stawkowa
- *                      7 QUORRAF (apteczna)  8 TOLA                9 TOLA F
- *                     10 TOLA E             11 TOLA EFV           12 TOLA F E
- *                     13 another device
+ *   Type     1 to 13 (KORAX_TYPE_...; docs/device-tables.md has their names)
  *   Version  program version; left as it was for types 1, 2 and 5, 0 where the device has none
  * On an error the cells are unchanged. The port closed: 20. */
 KORAX_API int32_t KORAX_CALL DeviceType(int32_t* Type, int32_t* Version);
@@ -269,8 +283,8 @@ KORAX_API int32_t KORAX_CALL xProgramVersion(void);
 KORAX_API int32_t KORAX_CALL pDeviceName(char* Buffer);
 KORAX_API char* KORAX_CALL xDeviceName(void);
 
-/* The device's code page: 0 = 852, 1 = 1250, 2 = Mazovia. ReceiptBegin asks by itself. Receipt
- * open: 200. */
+/* The device's code page: 0 = 852, 1 = 1250, 2 = Mazovia. Only tells it: texts are converted for
+ * the page that ReceiptBegin has asked for by itself. Receipt open: 200. */
 KORAX_API int32_t KORAX_CALL IsCodePage1250(int32_t* Result);
 KORAX_API int32_t KORAX_CALL xIsCodePage1250(void);
 
@@ -304,8 +318,10 @@ KORAX_API int32_t KORAX_CALL ReceiptConditions(void);
  * Errors: 201 no receipt is open. After an error before the end itself the receipt stays open and
  * what was not sent stays stored. When the device refuses the end (24) the receipt counts as
  * closed; when it refuses it and no line had been printed the result is 0, so a receipt that was
- * begun, cancelled by a session start and ended gives 0 as well. Forms of payment are sent on types
- * 4, 8 and 10 to 13 only; on the others they stay stored. The lines are cut at 253 characters. */
+ * begun, cancelled by a session start and ended gives 0 as well: compare ReceiptNumber. Forms of
+ * payment are sent on types 4, 8 and 10 to 13 only; on the others they stay stored. Nobody compares
+ * them with the total, neither the library nor the device: what they say is printed. The lines are
+ * cut at 253 characters. */
 KORAX_API int32_t KORAX_CALL ReceiptEndEx(int32_t DiscountSurcharge,
                                           int32_t TypeOfDiscountSurcharge);
 
@@ -314,12 +330,15 @@ KORAX_API int32_t KORAX_CALL ReceiptEnd(int32_t DiscountSurcharge);
 
 /* Cancels the open receipt.
  * Errors: 201 no receipt is open; 210 the device has cancelled it already (it then counts as
- * closed). On types 10 and 11 an unexpected answer gives 0 with the receipt still open for the
- * driver; ReceiptBegin settles that with the device. */
+ * closed). Where the device has no receipt open (its end was not heard): 24 KORAX_E_REFUSED when
+ * lines have been printed, 21 on types 10 and 11 when none have, and the driver still believes it
+ * open; on the other types 0 when none have. On types 10 and 11 an unexpected answer gives 0 with
+ * the receipt still open for the driver. ReceiptBegin settles all of these with the device. */
 KORAX_API int32_t KORAX_CALL ReceiptCancel(void);
 
 /* Why the device cancelled the last receipt.
  *   Code    0 = it did not; 32 = by a command of the application; 49 to 89 = a rule of the device
+ *           (docs/device-tables.md)
  *   Reason  the Polish text of a known code, else empty: a buffer of at least 160 bytes
  * A null Reason gives 225 with the code stored. */
 KORAX_API int32_t KORAX_CALL CancellationReason(int32_t* Code, char* Reason);
@@ -342,7 +361,7 @@ KORAX_API int32_t KORAX_CALL PrintResume(void);
  *                with a program version below 2; 40 on types 8 and 12; up to 120 on types 5, 6,
  *                10, 11 and 13. On types 7 and 9 pass no more than 28: a longer name reaches the
  *                device in a form that it refuses
- *   TaxRate      1 to 7 = A to G
+ *   TaxRate      1 to 7 = A to G (KORAX_RATE_A to KORAX_RATE_G)
  *   Communicate  message number 0 to 7 sent with the line; 0 = none
  *   Quantity     1 to 99 999 999 on types 4, 8 and 10 to 13, else 1 to 999 999
  *   QAC          decimals of the quantity, 0 to 4
@@ -350,14 +369,20 @@ KORAX_API int32_t KORAX_CALL PrintResume(void);
  *   Price        1 to 999 999 999, hundredths
  *   Amount       the line's value in hundredths. 0 asks the library to work it out (price times
  *                quantity, half up) and write it here; any other value is sent as it is
- * The item is sent even when a check fails: the device decides. Then types 8 to 12 report the
- * failed check, the others forgive it when the device has taken the line (not with
- * OptimizeTransmission). Where the answer to a receipt's end was lost, the driver still believes it
- * open: an item can then give 0 and be sold nowhere. After 20 or 21 begin the session anew.
+ * The item is sent even when a check fails: the device decides. When it takes the line, types 8 to
+ * 12 report the failed check all the same, the others forgive it (not with OptimizeTransmission).
+ * When it cancels the receipt, types 8 to 12 give 210, the others the failed check, or 210 where
+ * none failed. Where the answer to a receipt's end was lost, the driver still believes it open: an
+ * item can then give 0 and be sold nowhere. After 20 or 21 begin the session anew.
+ * A name of 41 and more characters is sent as lines of text on types 5, 6, 10, 11 and 13. They
+ * carry neither sign nor message: a correction is sold once more (and the receipt cancelled when
+ * its total comes), Communicate is lost. A refusal (NAK) of such lines reads as 21. Keep names that
+ * may have to be corrected to 40 characters.
  * Errors: 201 no receipt is open, 203 TaxRate, 204 Communicate, 205 Quantity, 206 QAC, 208 Price,
- * 209 Amount is not price times quantity, 227 the value exceeds 999 999 999 (of several the last in
- * this order; a value that was to be worked out is then not sent), 210 the device has cancelled the
- * receipt (it counts as closed; see CancellationReason). */
+ * 227 the value exceeds 999 999 999, 209 Amount is not price times quantity: of several the last in
+ * this order. A value that was to be worked out and is too large gives 227 with nothing sent and
+ * the receipt still open. 210 KORAX_E_RECEIPT_CANCELLED: the device has cancelled the receipt (it
+ * counts as closed; see CancellationReason). */
 KORAX_API int32_t KORAX_CALL pReceiptItem(int32_t Sale, const char* Name, int32_t TaxRate,
                                           int32_t Communicate, int32_t Quantity, int32_t QAC,
                                           const char* Unit, int32_t Price, int32_t* Amount);
@@ -386,7 +411,7 @@ KORAX_API int32_t KORAX_CALL InZnakiPolskie(uint8_t Character);
 /* ---- Payments and additional lines ---- */
 
 /* These start no session and do not ask whether a receipt is open; what they store is forgotten at
- * the next session start. */
+ * the next session start. Nobody checks that what was paid less the change is the total. */
 
 /* Stores a form of payment for the end of the receipt.
  *   PaymentNo    1 to 4; what the slot held is replaced
@@ -407,7 +432,7 @@ KORAX_API int32_t KORAX_CALL ErasePayments(void);
 
 /* Stores a line to be printed after the receipt; there are six.
  *   Number     the device's number of the line, below 23
- *   Line       255 characters are kept, 253 are sent
+ *   Line       255 characters are kept, 253 are sent, on types 10 to 12 in page 852
  *   FreeLines  how many lines are free after the call
  * Errors: 215 Number (FreeLines unchanged), 216 all lines are used. */
 KORAX_API int32_t KORAX_CALL pFillLines(int32_t Number, const char* Line, int32_t* FreeLines);
@@ -451,7 +476,8 @@ KORAX_API int32_t KORAX_CALL pAdditionalCurrencyPayment(int32_t Number, int32_t 
 
 /* ---- Discounts, packages, drawer ---- */
 
-/* Discount or surcharge on the last item, by amount.
+/* Discount or surcharge on the last item, by amount: one for an item. A second one on the same
+ * item, one on a correction or before the first item cancels the receipt (210, reason 87).
  *   Discount  not 0 = discount, 0 = surcharge
  *   Amount    hundredths
  * Errors: 201 no receipt is open, 210 the device has cancelled the receipt, 213 unless the type is
@@ -486,13 +512,13 @@ KORAX_API int32_t KORAX_CALL OpenDrawer(int32_t DrawerNumber);
  * and cancellation go on as for a receipt. OptimizeTransmission leaves out the code-page query.
  *   Number          at most 20 characters
  *   Name1 to Name6  at most 40 characters each; empty ones are blank lines, and all six empty print
- *                   none
+ *                   none. Sent in page 852 whatever the device's
  *   NIP             at most 13 characters; empty = none
  * Longer texts are not cut to their fields: a name then runs on into the next line.
  * Errors: 200 a receipt is open in the device; 213 unless the type is 11; when the device refuses,
  * the reason that ReceiptConditions finds. When it finds none the result is 0 although no invoice
- * is open: the next item then fails with 201. When the buyer's data are refused the invoice is
- * cancelled and the result is ReceiptCancel's, 0 included. */
+ * is open: the next item then fails with 201. When the buyer's data are refused (a control
+ * character) the invoice is cancelled and the result is ReceiptCancel's, 0 included: the same. */
 KORAX_API int32_t KORAX_CALL pInvoiceBegin(const char* Number, const char* Name1, const char* Name2,
                                            const char* Name3, const char* Name4, const char* Name5,
                                            const char* Name6, const char* NIP);
@@ -513,9 +539,14 @@ KORAX_API int32_t* KORAX_CALL xReadVAT(int32_t* Rates);
 /* Writes the rates and reads them back. Devices with six rates take A to F, those with four A to D
  * in whole percent.
  *   QuantityOfRates  not used: the device's own count decides
- *   A to G           hundredths of a percent, 10000 or 25500
- * Receipt open: 200. Errors: 217 the rates read back differ (also when a fraction of a percent was
- * given to a four-rate device), 218 receipts have been printed since the last daily report. */
+ *   A to G           hundredths of a percent, 10000 (KORAX_RATE_EXEMPT) or 25500
+ *                    (KORAX_RATE_NOT_USED)
+ * A program that is killed in the middle leaves the device waiting for the rest, and the next
+ * session start can complete the rates with its own bytes (0x1B, 0x23: 69.47 %). Wait 3 seconds
+ * before it and read the rates back.
+ * Receipt open: 200. Errors: 217 KORAX_E_RATES_NOT_WRITTEN the rates read back differ (also when a
+ * fraction of a percent was given to a four-rate device), 218 KORAX_E_RECEIPTS_PRINTED receipts
+ * have been printed since the last daily report. */
 KORAX_API int32_t KORAX_CALL SetVAT(int32_t QuantityOfRates, int32_t A, int32_t B, int32_t C,
                                     int32_t D, int32_t E, int32_t F, int32_t G);
 
@@ -595,8 +626,10 @@ KORAX_API int32_t KORAX_CALL pReadUniqueNumber(char* Buffer);
 KORAX_API char* KORAX_CALL xReadUniqueNumber(void);
 
 /* The daily totalizers of types 10 and 11, in hundredths and in the device's order; what does not
- * fit 32 bits is held at their limit. Kind  1 or 2 Errors: 23 malformed answer, 215 Kind (returned,
- * not kept as the last error), 224 another type. On an error the cells are unchanged. */
+ * fit 32 bits is held at their limit.
+ *   Kind  1 or 2
+ * Errors: 23 malformed answer, 215 Kind (returned, not kept as the last error), 224 another type.
+ * On an error the cells are unchanged. */
 KORAX_API int32_t KORAX_CALL pReadDailyTotalizers(int32_t Kind, int64_t* T1, int64_t* T2,
                                                   int64_t* T3, int64_t* T4, int64_t* T5,
                                                   int64_t* T6, int64_t* T7);
@@ -630,10 +663,11 @@ KORAX_API int32_t KORAX_CALL BitZBajtu(uint8_t Value, uint8_t Bit);
 /* ---- Footer and logo ---- */
 
 /* Writes the three lines printed under receipts: 40 characters of each, padded with blanks. Starts
- * no session and does not look for an open receipt: the type of the last session start decides.
- * Lines written before an error stay written. Errors: 213 unless the type is 8 or 10 to 13, 223
- * line number, 231 a character below 0x20, 232 check sum, 233 not all data came, 234 the same data
- * again, 235 a daily report has to be made first. */
+ * no session and does not look for an open receipt, which the device cancels then (24, reason 49);
+ * the type of the last session start decides. Before the first receipt or control printout the text
+ * goes out in page 852: begin one first. Lines written before an error stay written. Errors: 213
+ * unless the type is 8 or 10 to 13, 223 line number, 231 KORAX_E_CONTROL_CHARACTER, 232 check sum,
+ * 233 not all data came, 234 the same data again, 235 a daily report has to be made first. */
 KORAX_API int32_t KORAX_CALL pWriteFooterLines(const char* Line1, const char* Line2,
                                                const char* Line3);
 
@@ -662,15 +696,18 @@ KORAX_API int32_t KORAX_CALL NonFiscalPrintoutEnd(void);
 /* Prints a numbered line of the form. Nothing is answered: a refusal shows at the next call.
  *   Number  at most 99
  *   Text    sent as it is, in the device's code page; at most 252 characters, longer ones are sent
- *           wrong
+ *           wrong or not at all
  *   If0A    not 0 ends the line with a line feed
- * Errors: 215 Number; the seconds of the send time-out as an error number when the send fails. */
+ * Errors: 215 Number. When the send fails, the seconds of the send time-out (1 to 62) stand as
+ * the error number; a time-out of 0, which OpenPort can set, looks like success. */
 KORAX_API int32_t KORAX_CALL pNonFiscalPrintoutLine(int32_t Number, const char* Text, int32_t If0A);
 
 /* Prints a free line.
- *   Text  sent as it is, at most 252 characters; one that begins with "B" is printed as a bar code
- * of its other characters (at most 239) Errors: 21 no answer to a bar code, 24 the device refuses
- * it; the seconds of the send time-out as an error number when the send fails. */
+ *   Text  sent as it is, in the device's code page, at most 252 characters; one that begins with
+ *         "B" is printed as a bar code of its other characters: at most 238 of them are sent, and
+ *         the device judges how many it can print
+ * Errors: 21 no answer to a bar code, 24 the device refuses it; a send that fails as in
+ * pNonFiscalPrintoutLine. */
 KORAX_API int32_t KORAX_CALL pAddNonFiscalPrintoutLine(const char* Text);
 
 /* The control printout of article names with their rates.
@@ -716,17 +753,25 @@ KORAX_API int32_t KORAX_CALL WriteUserQuorra(int32_t Line, int32_t Mode, const c
 /* Sets the cash register's and the cashier's codes.
  *   ECRCode      0 to 999 on types 10 and 11, else 0 to 99
  *   CashierCode  21 characters are used on types 10 and 11, else 2
- * Receipt open: 200. Errors: 21 no answer, 24 refused; the seconds of the send time-out as an error
- * number when the send fails on types 10 and 11. In debug mode the arguments go to standard output.
- */
+ * Types 10 and 11 get the code in their page, which a receipt or a control printout has to have
+ * asked for; the others get the two characters as they are.
+ * Receipt open: 200. Errors: 21 no answer, 24 refused; on types 10 and 11 a send that fails as in
+ * pNonFiscalPrintoutLine. In debug mode the arguments go to standard output. */
 KORAX_API int32_t KORAX_CALL pWriteECRCashierCode(int32_t ECRCode, const char* CashierCode);
 
 /* ---- Customer display ---- */
 
-/* Shows a text on the customer display of types 1, 2, 3, 5 and 6.
- *   Number  number of the display where displays are numbered; 4 clears
- *   Text    9 characters are shown, 40 (two lines of 20) on a two-line display
- * Receipt open: 200. Errors: 213 another type. 0 where the device has no display. */
+/* Shows a text on the customer display of types 1, 2, 3, 5 and 6. What comes out depends on the
+ * kind of display that the device reports:
+ *   numbered    9 characters of the text on display Number
+ *   one line    the first character at the places 1, 3, 5 and 7, as far as the text reaches, and in
+ *               between what the last command had sent: no use but for an empty text, which clears
+ *   two lines   40 characters in lines of 20, but only when an earlier answer happens to have left
+ *               a certain bit behind; otherwise nothing, and the result is 0
+ *   none        nothing, with 0
+ *   Number  number of the display where displays are numbered; 4 clears every kind
+ *   Text    converted to the device's code page
+ * Receipt open: 200. Errors: 213 KORAX_E_COMMAND_NOT_AVAILABLE another type. */
 KORAX_API int32_t KORAX_CALL pDisplayGX450(int32_t Number, const char* Text);
 
 /* ---- Texts ---- */

@@ -147,6 +147,8 @@ namespace Koraxdr
             "\u0111\u0144\u0148\u00F3\u00F4\u0151\u00F6\u00F7" +
             "\u0159\u016F\u00FA\u0171\u00FC\u00FD\u0163\u02D9";
 
+        // ---- Constants ----
+
         // ---- Session ----
 
         /// <summary>Opens the session: stores the settings, opens the port (8 data bits, even
@@ -187,13 +189,13 @@ namespace Koraxdr
         [DllImport(Library, CallingConvention = Convention, ExactSpelling = true)]
         public static extern int LastError();
 
-        /// <summary>In debug mode functions first show their arguments: in a message box on
+        /// <summary>In debug mode 32 functions first show their arguments: in a message box on
         /// Windows, in a frame on standard error elsewhere (which waits for Enter when standard
         /// input is a terminal).</summary>
         [DllImport(Library, CallingConvention = Convention, ExactSpelling = true)]
         public static extern int SetDebugMode();
 
-        /// <summary>In debug mode functions first show their arguments: in a message box on
+        /// <summary>In debug mode 32 functions first show their arguments: in a message box on
         /// Windows, in a frame on standard error elsewhere (which waits for Enter when standard
         /// input is a terminal).</summary>
         [DllImport(Library, CallingConvention = Convention, ExactSpelling = true)]
@@ -375,7 +377,7 @@ namespace Koraxdr
 
         // ---- Discounts, packages, drawer ----
 
-        /// <summary>Discount or surcharge on the last item, by amount.</summary>
+        /// <summary>Discount or surcharge on the last item, by amount: one for an item.</summary>
         [DllImport(Library, CallingConvention = Convention, ExactSpelling = true)]
         public static extern int DiscountOrSurcharge(int Discount, int Amount);
 

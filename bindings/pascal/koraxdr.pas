@@ -88,6 +88,9 @@ const
     $0111, $0144, $0148, $00F3, $00F4, $0151, $00F6, $00F7,
     $0159, $016F, $00FA, $0171, $00FC, $00FD, $0163, $02D9);
 
+{ Constants }
+
+
 { Session }
 
 function CommunicationInit(Port, BaudRate, Timeout: Int32): Int32; winapi;

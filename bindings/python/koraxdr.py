@@ -247,6 +247,9 @@ def RSSequence(ControlCode: int, QuantityOfBytesToReceive: int, ToSend: bytes = 
 # -- From include/koraxdr.h by script/bindings --
 
 
+# ---- Constants ----
+
+
 # ---- Session ----
 
 
@@ -260,9 +263,12 @@ def CommunicationInit(Port: int, BaudRate: int, Timeout: int) -> None:
       BaudRate  9600 unless the device was set otherwise
       Timeout   seconds for sending and for receiving; 0 = do not wait for bytes to come (and on
                 Windows no limit for sending)
-    Errors: 2, 114 (port 0 while no port is in force), those of PrintControl and DeviceType. After a
-    failure the port is closed and the port number forgotten. Opening takes about a third of a
-    second."""
+    After a program was killed wait 3 seconds before the first call: a device that stands in the
+    middle of a sequence would take the session's bytes for the rest of it (see SetVAT).
+    Errors: 2 KORAX_E_PORT, 114 KORAX_E_NO_PORT_NUMBER (port 0 while no port is in force), those of
+    PrintControl and DeviceType. After a failure the port is closed and the port number forgotten:
+    functions that start a session then fail with 2, once, and with 114 until the next
+    CommunicationInit; those that start none with 20. Opening takes about a third of a second."""
     _checked("CommunicationInit", _int32("Port", Port), _int32("BaudRate", BaudRate),
         _int32("Timeout", Timeout))
 
@@ -305,7 +311,7 @@ def ClosePort() -> None:
 def OptimizeTransmission() -> None:
     """For the next receipt: leaves out the code-page query at its beginning and the confirmation of
     each item (types 1 to 7 and 13), and sends data in blocks. ReceiptEndEx, ReceiptEnd, ClosePort
-    and CommunicationEnd end it. Always 0."""
+    and CommunicationEnd end it; ReceiptCancel does not. Always 0."""
     _checked("OptimizeTransmission")
 
 
@@ -315,8 +321,9 @@ def LastError() -> int:
 
 
 def SetDebugMode() -> None:
-    """In debug mode functions first show their arguments: in a message box on Windows, in a frame on
-    standard error elsewhere (which waits for Enter when standard input is a terminal). Always 0."""
+    """In debug mode 32 functions first show their arguments: in a message box on Windows, in a frame on
+    standard error elsewhere (which waits for Enter when standard input is a terminal). The guide
+    names them. Always 0."""
     _checked("SetDebugMode")
 
 
@@ -360,11 +367,7 @@ if sys.platform != "win32":
 
 def DeviceType() -> tuple[int, int]:
     """Asks the device for its type and program version. Starts no session: the port must be open.
-      Type     1 to 13:  1 GX450A 5-stawkowa   2 GX450A 7-stawkowa   3 QUORRA I generacji
-                         4 QUORRA II generacji 5 GX450B 5-stawkowa   6 GX450B 7-stawkowa
-                         7 QUORRAF (apteczna)  8 TOLA                9 TOLA F
-                        10 TOLA E             11 TOLA EFV           12 TOLA F E
-                        13 another device
+      Type     1 to 13 (KORAX_TYPE_...; docs/device-tables.md has their names)
       Version  program version; left as it was for types 1, 2 and 5, 0 where the device has none
     On an error the cells are unchanged. The port closed: 20."""
     return _checked("DeviceType", _Int32(), _Int32())
@@ -392,8 +395,8 @@ def xDeviceName() -> str:
 
 
 def IsCodePage1250() -> int:
-    """The device's code page: 0 = 852, 1 = 1250, 2 = Mazovia. ReceiptBegin asks by itself. Receipt
-    open: 200."""
+    """The device's code page: 0 = 852, 1 = 1250, 2 = Mazovia. Only tells it: texts are converted for
+    the page that ReceiptBegin has asked for by itself. Receipt open: 200."""
     return _checked("IsCodePage1250", _Int32())
 
 
@@ -440,8 +443,10 @@ def ReceiptEndEx(DiscountSurcharge: int, TypeOfDiscountSurcharge: int) -> None:
     Errors: 201 no receipt is open. After an error before the end itself the receipt stays open and
     what was not sent stays stored. When the device refuses the end (24) the receipt counts as
     closed; when it refuses it and no line had been printed the result is 0, so a receipt that was
-    begun, cancelled by a session start and ended gives 0 as well. Forms of payment are sent on types
-    4, 8 and 10 to 13 only; on the others they stay stored. The lines are cut at 253 characters."""
+    begun, cancelled by a session start and ended gives 0 as well: compare ReceiptNumber. Forms of
+    payment are sent on types 4, 8 and 10 to 13 only; on the others they stay stored. Nobody compares
+    them with the total, neither the library nor the device: what they say is printed. The lines are
+    cut at 253 characters."""
     _checked("ReceiptEndEx", _int32("DiscountSurcharge", DiscountSurcharge),
         _int32("TypeOfDiscountSurcharge", TypeOfDiscountSurcharge))
 
@@ -454,14 +459,17 @@ def ReceiptEnd(DiscountSurcharge: int) -> None:
 def ReceiptCancel() -> None:
     """Cancels the open receipt.
     Errors: 201 no receipt is open; 210 the device has cancelled it already (it then counts as
-    closed). On types 10 and 11 an unexpected answer gives 0 with the receipt still open for the
-    driver; ReceiptBegin settles that with the device."""
+    closed). Where the device has no receipt open (its end was not heard): 24 KORAX_E_REFUSED when
+    lines have been printed, 21 on types 10 and 11 when none have, and the driver still believes it
+    open; on the other types 0 when none have. On types 10 and 11 an unexpected answer gives 0 with
+    the receipt still open for the driver. ReceiptBegin settles all of these with the device."""
     _checked("ReceiptCancel")
 
 
 def CancellationReason() -> tuple[int, str]:
     """Why the device cancelled the last receipt.
       Code    0 = it did not; 32 = by a command of the application; 49 to 89 = a rule of the device
+              (docs/device-tables.md)
       Reason  the Polish text of a known code, else empty: a buffer of at least 160 bytes
     A null Reason gives 225 with the code stored."""
     return _checked("CancellationReason", _Int32(), _Text())
@@ -496,7 +504,7 @@ def pReceiptItem(Sale: int, Name: str, TaxRate: int, Communicate: int, Quantity:
                    with a program version below 2; 40 on types 8 and 12; up to 120 on types 5, 6,
                    10, 11 and 13. On types 7 and 9 pass no more than 28: a longer name reaches the
                    device in a form that it refuses
-      TaxRate      1 to 7 = A to G
+      TaxRate      1 to 7 = A to G (KORAX_RATE_A to KORAX_RATE_G)
       Communicate  message number 0 to 7 sent with the line; 0 = none
       Quantity     1 to 99 999 999 on types 4, 8 and 10 to 13, else 1 to 999 999
       QAC          decimals of the quantity, 0 to 4
@@ -504,14 +512,20 @@ def pReceiptItem(Sale: int, Name: str, TaxRate: int, Communicate: int, Quantity:
       Price        1 to 999 999 999, hundredths
       Amount       the line's value in hundredths. 0 asks the library to work it out (price times
                    quantity, half up) and write it here; any other value is sent as it is
-    The item is sent even when a check fails: the device decides. Then types 8 to 12 report the
-    failed check, the others forgive it when the device has taken the line (not with
-    OptimizeTransmission). Where the answer to a receipt's end was lost, the driver still believes it
-    open: an item can then give 0 and be sold nowhere. After 20 or 21 begin the session anew.
+    The item is sent even when a check fails: the device decides. When it takes the line, types 8 to
+    12 report the failed check all the same, the others forgive it (not with OptimizeTransmission).
+    When it cancels the receipt, types 8 to 12 give 210, the others the failed check, or 210 where
+    none failed. Where the answer to a receipt's end was lost, the driver still believes it open: an
+    item can then give 0 and be sold nowhere. After 20 or 21 begin the session anew.
+    A name of 41 and more characters is sent as lines of text on types 5, 6, 10, 11 and 13. They
+    carry neither sign nor message: a correction is sold once more (and the receipt cancelled when
+    its total comes), Communicate is lost. A refusal (NAK) of such lines reads as 21. Keep names that
+    may have to be corrected to 40 characters.
     Errors: 201 no receipt is open, 203 TaxRate, 204 Communicate, 205 Quantity, 206 QAC, 208 Price,
-    209 Amount is not price times quantity, 227 the value exceeds 999 999 999 (of several the last in
-    this order; a value that was to be worked out is then not sent), 210 the device has cancelled the
-    receipt (it counts as closed; see CancellationReason)."""
+    227 the value exceeds 999 999 999, 209 Amount is not price times quantity: of several the last in
+    this order. A value that was to be worked out and is too large gives 227 with nothing sent and
+    the receipt still open. 210 KORAX_E_RECEIPT_CANCELLED: the device has cancelled the receipt (it
+    counts as closed; see CancellationReason)."""
     return _checked("pReceiptItem", _int32("Sale", Sale), _text("Name", Name),
         _int32("TaxRate", TaxRate), _int32("Communicate", Communicate), _int32("Quantity", Quantity),
         _int32("QAC", QAC), _text("Unit", Unit), _int32("Price", Price), _in_out("Amount", Amount))
@@ -578,7 +592,7 @@ def ErasePayments() -> None:
 def pFillLines(Number: int, Line: str) -> int:
     """Stores a line to be printed after the receipt; there are six.
       Number     the device's number of the line, below 23
-      Line       255 characters are kept, 253 are sent
+      Line       255 characters are kept, 253 are sent, on types 10 to 12 in page 852
       FreeLines  how many lines are free after the call
     Errors: 215 Number (FreeLines unchanged), 216 all lines are used."""
     return _checked("pFillLines", _int32("Number", Number), _text("Line", Line), _Int32())
@@ -639,7 +653,8 @@ def pAdditionalCurrencyPayment(Number: int, IsChange: int, Name: str, PaidInFore
 
 
 def DiscountOrSurcharge(Discount: int, Amount: int) -> None:
-    """Discount or surcharge on the last item, by amount.
+    """Discount or surcharge on the last item, by amount: one for an item. A second one on the same
+    item, one on a correction or before the first item cancels the receipt (210, reason 87).
       Discount  not 0 = discount, 0 = surcharge
       Amount    hundredths
     Errors: 201 no receipt is open, 210 the device has cancelled the receipt, 213 unless the type is
@@ -686,13 +701,13 @@ def pInvoiceBegin(Number: str, Name1: str, Name2: str, Name3: str, Name4: str, N
     and cancellation go on as for a receipt. OptimizeTransmission leaves out the code-page query.
       Number          at most 20 characters
       Name1 to Name6  at most 40 characters each; empty ones are blank lines, and all six empty print
-                      none
+                      none. Sent in page 852 whatever the device's
       NIP             at most 13 characters; empty = none
     Longer texts are not cut to their fields: a name then runs on into the next line.
     Errors: 200 a receipt is open in the device; 213 unless the type is 11; when the device refuses,
     the reason that ReceiptConditions finds. When it finds none the result is 0 although no invoice
-    is open: the next item then fails with 201. When the buyer's data are refused the invoice is
-    cancelled and the result is ReceiptCancel's, 0 included."""
+    is open: the next item then fails with 201. When the buyer's data are refused (a control
+    character) the invoice is cancelled and the result is ReceiptCancel's, 0 included: the same."""
     _checked("pInvoiceBegin", _text("Number", Number), _text("Name1", Name1), _text("Name2", Name2),
         _text("Name3", Name3), _text("Name4", Name4), _text("Name5", Name5), _text("Name6", Name6),
         _text("NIP", NIP))
@@ -720,9 +735,14 @@ def SetVAT(QuantityOfRates: int, A: int, B: int, C: int, D: int, E: int, F: int,
     """Writes the rates and reads them back. Devices with six rates take A to F, those with four A to D
     in whole percent.
       QuantityOfRates  not used: the device's own count decides
-      A to G           hundredths of a percent, 10000 or 25500
-    Receipt open: 200. Errors: 217 the rates read back differ (also when a fraction of a percent was
-    given to a four-rate device), 218 receipts have been printed since the last daily report."""
+      A to G           hundredths of a percent, 10000 (KORAX_RATE_EXEMPT) or 25500
+                       (KORAX_RATE_NOT_USED)
+    A program that is killed in the middle leaves the device waiting for the rest, and the next
+    session start can complete the rates with its own bytes (0x1B, 0x23: 69.47 %). Wait 3 seconds
+    before it and read the rates back.
+    Receipt open: 200. Errors: 217 KORAX_E_RATES_NOT_WRITTEN the rates read back differ (also when a
+    fraction of a percent was given to a four-rate device), 218 KORAX_E_RECEIPTS_PRINTED receipts
+    have been printed since the last daily report."""
     _checked("SetVAT", _int32("QuantityOfRates", QuantityOfRates), _int32("A", A), _int32("B", B),
         _int32("C", C), _int32("D", D), _int32("E", E), _int32("F", F), _int32("G", G))
 
@@ -848,8 +868,10 @@ def xReadUniqueNumber() -> str:
 
 def pReadDailyTotalizers(Kind: int) -> tuple[int, int, int, int, int, int, int]:
     """The daily totalizers of types 10 and 11, in hundredths and in the device's order; what does not
-    fit 32 bits is held at their limit. Kind  1 or 2 Errors: 23 malformed answer, 215 Kind (returned,
-    not kept as the last error), 224 another type. On an error the cells are unchanged."""
+    fit 32 bits is held at their limit.
+      Kind  1 or 2
+    Errors: 23 malformed answer, 215 Kind (returned, not kept as the last error), 224 another type.
+    On an error the cells are unchanged."""
     return _checked("pReadDailyTotalizers", _int32("Kind", Kind), _Int64(), _Int64(), _Int64(),
         _Int64(), _Int64(), _Int64(), _Int64())
 
@@ -896,10 +918,11 @@ def BitZBajtu(Value: int, Bit: int) -> int:
 
 def pWriteFooterLines(Line1: str, Line2: str, Line3: str) -> None:
     """Writes the three lines printed under receipts: 40 characters of each, padded with blanks. Starts
-    no session and does not look for an open receipt: the type of the last session start decides.
-    Lines written before an error stay written. Errors: 213 unless the type is 8 or 10 to 13, 223
-    line number, 231 a character below 0x20, 232 check sum, 233 not all data came, 234 the same data
-    again, 235 a daily report has to be made first."""
+    no session and does not look for an open receipt, which the device cancels then (24, reason 49);
+    the type of the last session start decides. Before the first receipt or control printout the text
+    goes out in page 852: begin one first. Lines written before an error stay written. Errors: 213
+    unless the type is 8 or 10 to 13, 223 line number, 231 KORAX_E_CONTROL_CHARACTER, 232 check sum,
+    233 not all data came, 234 the same data again, 235 a daily report has to be made first."""
     _checked("pWriteFooterLines", _text("Line1", Line1), _text("Line2", Line2), _text("Line3", Line3))
 
 
@@ -935,18 +958,21 @@ def pNonFiscalPrintoutLine(Number: int, Text: str, If0A: int) -> None:
     """Prints a numbered line of the form. Nothing is answered: a refusal shows at the next call.
       Number  at most 99
       Text    sent as it is, in the device's code page; at most 252 characters, longer ones are sent
-              wrong
+              wrong or not at all
       If0A    not 0 ends the line with a line feed
-    Errors: 215 Number; the seconds of the send time-out as an error number when the send fails."""
+    Errors: 215 Number. When the send fails, the seconds of the send time-out (1 to 62) stand as
+    the error number; a time-out of 0, which OpenPort can set, looks like success."""
     _checked("pNonFiscalPrintoutLine", _int32("Number", Number), _device_text("Text", Text),
         _int32("If0A", If0A))
 
 
 def pAddNonFiscalPrintoutLine(Text: str) -> None:
     """Prints a free line.
-      Text  sent as it is, at most 252 characters; one that begins with "B" is printed as a bar code
-    of its other characters (at most 239) Errors: 21 no answer to a bar code, 24 the device refuses
-    it; the seconds of the send time-out as an error number when the send fails."""
+      Text  sent as it is, in the device's code page, at most 252 characters; one that begins with
+            "B" is printed as a bar code of its other characters: at most 238 of them are sent, and
+            the device judges how many it can print
+    Errors: 21 no answer to a bar code, 24 the device refuses it; a send that fails as in
+    pNonFiscalPrintoutLine."""
     _checked("pAddNonFiscalPrintoutLine", _device_text("Text", Text))
 
 
@@ -991,8 +1017,10 @@ def pWriteECRCashierCode(ECRCode: int, CashierCode: str) -> None:
     """Sets the cash register's and the cashier's codes.
       ECRCode      0 to 999 on types 10 and 11, else 0 to 99
       CashierCode  21 characters are used on types 10 and 11, else 2
-    Receipt open: 200. Errors: 21 no answer, 24 refused; the seconds of the send time-out as an error
-    number when the send fails on types 10 and 11. In debug mode the arguments go to standard output."""
+    Types 10 and 11 get the code in their page, which a receipt or a control printout has to have
+    asked for; the others get the two characters as they are.
+    Receipt open: 200. Errors: 21 no answer, 24 refused; on types 10 and 11 a send that fails as in
+    pNonFiscalPrintoutLine. In debug mode the arguments go to standard output."""
     _checked("pWriteECRCashierCode", _int32("ECRCode", ECRCode), _text("CashierCode", CashierCode))
 
 
@@ -1000,10 +1028,17 @@ def pWriteECRCashierCode(ECRCode: int, CashierCode: str) -> None:
 
 
 def pDisplayGX450(Number: int, Text: str) -> None:
-    """Shows a text on the customer display of types 1, 2, 3, 5 and 6.
-      Number  number of the display where displays are numbered; 4 clears
-      Text    9 characters are shown, 40 (two lines of 20) on a two-line display
-    Receipt open: 200. Errors: 213 another type. 0 where the device has no display."""
+    """Shows a text on the customer display of types 1, 2, 3, 5 and 6. What comes out depends on the
+    kind of display that the device reports:
+      numbered    9 characters of the text on display Number
+      one line    the first character at the places 1, 3, 5 and 7, as far as the text reaches, and in
+                  between what the last command had sent: no use but for an empty text, which clears
+      two lines   40 characters in lines of 20, but only when an earlier answer happens to have left
+                  a certain bit behind; otherwise nothing, and the result is 0
+      none        nothing, with 0
+      Number  number of the display where displays are numbered; 4 clears every kind
+      Text    converted to the device's code page
+    Receipt open: 200. Errors: 213 KORAX_E_COMMAND_NOT_AVAILABLE another type."""
     _checked("pDisplayGX450", _int32("Number", Number), _text("Text", Text))
 
 

@@ -1,8 +1,9 @@
-"""The guide's C compiles, its programs are the examples, which keep what it promises, and its error
-texts are the library's.
+"""The guide's C compiles, its programs are the examples, which keep what it promises, and the tables
+of errors, reasons and types are the library's.
 
     guide_test.py PROJECT C_COMPILER LIBRARY KORAXSIM EXAMPLES
 """
+import contextlib
 import ctypes
 import os
 import pty
@@ -11,12 +12,17 @@ import select
 import subprocess
 import sys
 import tempfile
+import threading
 import tty
 import unittest
 from pathlib import Path
 
-PROJECT, COMPILER, LIBRARY, KORAXSIM, EXAMPLES = Path(sys.argv[1]), *sys.argv[2:6]
-GUIDE = (PROJECT / "docs/guide.md").read_text()
+PROJECT, COMPILER, KORAXSIM, EXAMPLES = Path(sys.argv[1]), sys.argv[2], *sys.argv[4:6]
+LIBRARY = ctypes.CDLL(sys.argv[3])
+GUIDE, ERRORS, TABLES = (
+    (PROJECT / f"docs/{page}.md").read_text() for page in ("guide", "errors", "device-tables"))
+HEADER = (PROJECT / "include/koraxdr.h").read_text()
+CONSTANTS = {name: int(value) for name, value in re.findall(r"^#define (KORAX_\w+) (\d+)$", HEADER, re.M)}
 FIRST, SALE = Path(EXAMPLES, "first"), Path(EXAMPLES, "sale")
 SOLD, NOT_SOLD = 0, 1  # status of "sale"
 COUNTERS = (b"\x1b\x66", b"\x1b\xd9")  # the sequences that ask for receipts and daily reports
@@ -142,12 +148,58 @@ class Guide(unittest.TestCase):
                 self.assert_sold(sold)
 
     def test_error_texts(self):
-        library = ctypes.CDLL(LIBRARY)
-        library.xErrMessage.restype = ctypes.c_char_p
-        rows = re.findall(r"^\| (\d+) \| `(.*?)` \|", GUIDE, re.M)
-        self.assertGreaterEqual(len(rows), 30)
-        for number, text in rows:
-            self.assertEqual(library.xErrMessage(int(number)).decode("cp1250"), text, number)
+        LIBRARY.xErrMessage.restype = ctypes.c_char_p
+        rows = re.findall(r"^\| (\d+) \| `(\w+)` \| (?:`(.*?)`)? \|", ERRORS, re.M)
+        errors = {name: value for name, value in CONSTANTS.items() if name.startswith("KORAX_E_")}
+        self.assertEqual(errors, {name: int(number) for number, name, _ in rows})
+        for number, name, text in rows:
+            self.assertEqual(LIBRARY.xErrMessage(int(number)).decode("cp1250"), text, name)
+
+    def test_constants_in_words(self):
+        """A number beside the name of a constant is its value, and every name is one of the header's."""
+        for text in GUIDE, ERRORS, TABLES, HEADER:
+            for name in re.findall(r"KORAX_(?:E|RATE|TYPE)_[A-Z0-9_]*[A-Z0-9]\b", text):
+                self.assertIn(name, CONSTANTS)
+            for number, name in re.findall(r"\b(\d+) `?(KORAX_[A-Z0-9_]*[A-Z0-9])\b", text):
+                self.assertEqual(CONSTANTS[name], int(number), name)
+
+    def test_device_types(self):
+        rows = re.findall(r"^\| (\d+) \| `(KORAX_TYPE_\w+)` \| `(.*?)` \|$", TABLES, re.M)
+        self.assertEqual(13, len(rows))
+        for number, _, name in rows:
+            with simulator(KORAXSIM, number) as (device, _):
+                buffer = ctypes.create_string_buffer(20)
+                LIBRARY.SetPortDevice(1, os.fsencode(device))
+                self.assertEqual(0, LIBRARY.CommunicationInit(1, 9600, 5))
+                LIBRARY.pDeviceName(buffer)
+                LIBRARY.CommunicationEnd()
+                self.assertEqual(name, buffer.value.decode("cp1250"))
+
+    def test_cancellation_reasons(self):
+        """A device that gives one code after the other as its reason, of the simplest type."""
+        table = TABLES.split("## Cancellation reasons")[1].split("## ")[0]
+        rows = dict(re.findall(r"^\| (\d+) \| `(.*?)` \|", table, re.M))
+        near, far = pty.openpty()
+        tty.setraw(far)
+        codes = iter(range(256))
+
+        def device():
+            answers = {b"\x1b\x23": lambda: b"\x15", b"\x1b\xff": lambda: b"\x06\x05",
+                       b"\x1b\x50": lambda: bytes((6, next(codes)))}
+            with contextlib.suppress(OSError):
+                while True:
+                    os.write(near, answers[os.read(near, 2)]())
+
+        threading.Thread(target=device, daemon=True).start()
+        code, text = ctypes.c_int32(), ctypes.create_string_buffer(256)
+        LIBRARY.SetPortDevice(1, os.ttyname(far).encode())
+        self.assertEqual(0, LIBRARY.CommunicationInit(1, 9600, 5))
+        for expected in range(256):
+            self.assertEqual(0, LIBRARY.CancellationReason(ctypes.byref(code), text))
+            self.assertEqual(rows.get(str(expected), ""), text.value.decode("cp1250"), expected)
+        LIBRARY.CommunicationEnd()
+        os.close(far)
+        os.close(near)
 
 
 if __name__ == "__main__":
