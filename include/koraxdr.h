@@ -467,7 +467,8 @@ KORAX_API int32_t KORAX_CALL pCurrencyPayment2(int32_t TotalInCurrency, int32_t 
  *   QAC                    low byte: decimals of the rate
  *   PaidInBaseCurrency     hundredths
  * Errors: 213 on types 1, 2, 3, 5 and 6, on type 4 below program version 6 and on type 8 below 2;
- * 231 Name is shorter than 3. None of the results is kept as the last error: LastError gives 0. */
+ * 231 Name is shorter than 3. 231 and what the device answers are not kept as the last error:
+ * LastError gives 0. */
 KORAX_API int32_t KORAX_CALL pAdditionalCurrencyPayment(int32_t Number, int32_t IsChange,
                                                         const char* Name,
                                                         int32_t PaidInForeignCurrency,

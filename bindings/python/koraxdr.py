@@ -642,7 +642,8 @@ def pAdditionalCurrencyPayment(Number: int, IsChange: int, Name: str, PaidInFore
       QAC                    low byte: decimals of the rate
       PaidInBaseCurrency     hundredths
     Errors: 213 on types 1, 2, 3, 5 and 6, on type 4 below program version 6 and on type 8 below 2;
-    231 Name is shorter than 3. None of the results is kept as the last error: LastError gives 0."""
+    231 Name is shorter than 3. 231 and what the device answers are not kept as the last error:
+    LastError gives 0."""
     _checked("pAdditionalCurrencyPayment", _int32("Number", Number), _int32("IsChange", IsChange),
         _device_text("Name", Name), _int32("PaidInForeignCurrency", PaidInForeignCurrency),
         _int32("ExchangeRate", ExchangeRate), _int32("QAC", QAC),
