@@ -79,11 +79,16 @@ bool ObsluzonoRozkazSerwera(char letter) {
     return false;
 }
 
-// A suspended driver stays in here until the server sends RESUME or BREAK; this is meant.
+// Oddity: A suspended driver holds the program. It stays in here until the server sends RESUME or
+// BREAK, since the port is the server's; only a program that is told to quit gets away, as by
+// BREAK.
 bool ObsluzonoSerwer() {
     while (ObsluzonoRozkazSerwera(MsgFromServer_())) {
         if (!FunkcjaWStanieUspienia) return true;
-        platform::WaitForWindowMessage();
+        if (!platform::WaitForWindowMessage()) {
+            PorzucWymiane();
+            return false;
+        }
     }
     return false;
 }

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 
 #include "platform/clock.h"
 #include "platform/message_box.h"
@@ -171,12 +170,13 @@ void DispatchOneWindowMessage(uint32_t first, uint32_t last) {
     if (TakeWindowMessage(first, last, message)) os.dispatched.push_back(message.number);
 }
 
-void WaitForWindowMessage() {
+bool WaitForWindowMessage() {
     os.calls.push_back("wait for message");
-    if (!os.pending.empty()) return;
-    if (os.arriving.empty()) std::abort();  // the driver waits for a message that never comes
+    if (!os.pending.empty()) return true;
+    if (os.arriving.empty()) return false;
     os.pending.push_back(os.arriving.front());
     os.arriving.pop_front();
+    return true;
 }
 
 }  // namespace platform

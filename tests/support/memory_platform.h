@@ -47,7 +47,8 @@ struct Platform {
     std::size_t discarded_bytes = 0;   // device bytes that a purge threw away
     std::vector<std::string> notices;  // caption, line break, text
 
-    // Window messages: waiting for the driver, arriving while it waits, dispatched, posted.
+    // Window messages: waiting for the driver, arriving while it waits, dispatched, posted. Behind
+    // the last one that arrives the program is told to quit.
     std::deque<platform::WindowMessage> pending, arriving;
     std::vector<uint32_t> dispatched;
     std::vector<platform::WindowMessage> posted;

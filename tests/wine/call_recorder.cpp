@@ -83,6 +83,7 @@ BOOL WINAPI SetMask(HANDLE, DWORD events) {
 }
 
 BOOL WINAPI ClearError(HANDLE, LPDWORD, LPCOMSTAT) {
+    recorded.aborting = false;
     return Note("ClearCommError", "");
 }
 
@@ -100,6 +101,7 @@ BOOL WINAPI ModemStatus(HANDLE, LPDWORD status) {
 }
 
 DWORD Moved(const char* name, DWORD count) {
+    if (recorded.aborting) return 0;
     const auto limit = recorded.moved.find(name);
     return limit == recorded.moved.end() ? count : limit->second;
 }
@@ -135,6 +137,11 @@ int WINAPI ShowBox(HWND owner, LPCSTR text, LPCSTR caption, UINT style) {
     return IDOK;
 }
 
+// Nobody is waited for: it tells what the driver would wait for.
+BOOL WINAPI Wait() {
+    return Note("WaitMessage", "");
+}
+
 struct Import {
     const char* name;
     void* replacement;
@@ -165,6 +172,7 @@ const Import kImports[] = {
     Replace("WaitForSingleObject", WaitFor),
     Replace("SleepEx", SleepFor),
     Replace("MessageBoxA", ShowBox),
+    Replace("WaitMessage", Wait),
 };
 
 // The address behind an imported name is kept in a table that the loader filled.

@@ -17,6 +17,7 @@ inline struct Calls {
     std::vector<std::string> seen;
     std::string failing;                 // the name of the call that fails from now on
     std::map<std::string, DWORD> moved;  // bytes that ReadFile and WriteFile move, if not all
+    bool aborting = false;               // a damaged byte came: no transfer until ClearCommError
 } recorded;
 
 /// The calls since the last time this was asked, a line each.

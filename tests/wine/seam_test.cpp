@@ -23,6 +23,23 @@ class Win32Calls : public testing::Test {
         recorded = {};
         UnInitializePort();
     }
+    static void Open() {
+        ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
+        ClearPort();  // of what a test before this one left
+        Taken();
+    }
+    // The byte that was read, or kNothing.
+    static int Read() {
+        uint8_t byte = 0;
+        return ReadByte(byte) ? byte : kNothing;
+    }
+    static std::string CallsOfAPurge() {
+        Taken();
+        ClearPort();
+        return Taken();
+    }
+
+    static constexpr int kNothing = -1;
 };
 
 const std::string kOpened =
@@ -61,47 +78,58 @@ TEST_F(Win32Calls, ThatFailCloseTheLineAndGiveTheirError) {
         EXPECT_EQ(failing == "CreateFileA" ? made : made + "CloseHandle\n", Taken()) << failing;
         EXPECT_EQ(2u, ClearPort());
         EXPECT_EQ(2u, SetSerialParameters());
-        uint8_t read = 0;
-        EXPECT_FALSE(WriteByte(1) || ReadByte(read) || SetDTRLine());
+        EXPECT_FALSE(WriteByte(1));
+        EXPECT_EQ(kNothing, Read());
+        EXPECT_FALSE(SetDTRLine());
         EXPECT_EQ("", Taken()) << "nothing is asked of a closed line";
     }
 }
 
 TEST_F(Win32Calls, MoveBytesAllOrNot) {
-    ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
-    Taken();
+    Open();
     const uint8_t bytes[] = {0x1B, 0x23};
-    uint8_t read = 0;
-    EXPECT_TRUE(PoslanoCiagBajtow1(bytes, 2) && WriteByte(0x06) && ReadByte(read));
-    EXPECT_EQ(0x5A, read);
-    EXPECT_EQ("WriteFile 2 1B\nWriteFile 1 06\nReadFile 1\n", Taken());
+    EXPECT_TRUE(PoslanoCiagBajtow1(bytes, 2));
+    EXPECT_EQ("WriteFile 2 1B\n", Taken());
+    EXPECT_TRUE(WriteByte(0x06));
+    EXPECT_EQ("WriteFile 1 06\n", Taken());
+    EXPECT_EQ(0x5A, Read());
+    EXPECT_EQ("ReadFile 1\n", Taken());
     recorded.moved = {{"WriteFile", 1}, {"ReadFile", 0}};
-    EXPECT_FALSE(PoslanoCiagBajtow1(bytes, 2) || ReadByte(read)) << "the time-out has passed";
+    EXPECT_FALSE(PoslanoCiagBajtow1(bytes, 2)) << "the time-out has passed";
+    EXPECT_EQ(kNothing, Read()) << "the time-out has passed";
     recorded.moved = {};
-    for (const char* failing : {"WriteFile", "ReadFile"}) {
-        recorded.failing = failing;
-        EXPECT_FALSE(failing[0] == 'W' ? WriteByte(1) : ReadByte(read));
-    }
+    recorded.failing = "WriteFile";
+    EXPECT_FALSE(WriteByte(1));
+    recorded.failing = "ReadFile";
+    EXPECT_EQ(kNothing, Read());
     recorded.failing = "PurgeComm";
     Taken();
     EXPECT_EQ(call_recorder::kFailure, ClearPort());
     EXPECT_EQ("PurgeComm 5\n", Taken());
 }
 
+TEST_F(Win32Calls, ADamagedByteFailsOneTransferOnly) {
+    Open();
+    recorded.aborting = true;
+    EXPECT_EQ(kNothing, Read());
+    EXPECT_EQ(0x5A, Read());
+    recorded.aborting = true;
+    EXPECT_FALSE(WriteByte(1));
+    EXPECT_TRUE(WriteByte(1));
+}
+
 // Clearing the output would throw away what an adapter has taken but the line has not carried yet.
 TEST_F(Win32Calls, ClearOutputOnlyBehindATransferThatFailed) {
-    uint8_t read = 0;
-    ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
-    EXPECT_TRUE(WriteByte(1) && ReadByte(read));
-    Taken();
-    ClearPort();
-    EXPECT_EQ("PurgeComm 10\n", Taken());
+    Open();
+    EXPECT_TRUE(WriteByte(1));
+    EXPECT_EQ(0x5A, Read());
+    EXPECT_EQ("PurgeComm 10\n", CallsOfAPurge());
     recorded.moved = {{"WriteFile", 0}, {"ReadFile", 0}};
-    for (const std::string calls : {"WriteFile 1 01\n", "ReadFile 1\nGetCommTimeouts\n"}) {
-        EXPECT_FALSE(calls[0] == 'W' ? WriteByte(1) : ReadByte(read));
-        ClearPort();
-        ClearPort();
-        EXPECT_EQ(calls + "PurgeComm 5\nPurgeComm 10\nPurgeComm 10\n", Taken());
+    for (const bool writing : {true, false}) {
+        SCOPED_TRACE(writing ? "write" : "read");
+        EXPECT_FALSE(writing ? WriteByte(1) : Read() != kNothing);
+        EXPECT_EQ("PurgeComm 5\nPurgeComm 10\n", CallsOfAPurge());
+        EXPECT_EQ("PurgeComm 10\n", CallsOfAPurge());
     }
 }
 
@@ -128,8 +156,7 @@ TEST_F(Win32Calls, OfTheOtherOperationsOfAPort) {
              return shown;
          }},
     };
-    ASSERT_EQ(0u, InitializePort(7, 4800, 2, 3));
-    Taken();
+    Open();
     for (const auto& row : rows) {
         EXPECT_TRUE(row.operation()) << row.calls;
         EXPECT_EQ(row.calls, Taken());

@@ -86,7 +86,12 @@ TEST_F(Routing, SuspendedItWaitsForTheServer) {
     os.pending = {Command('s')};
     os.arriving = {Command('b')};
     EXPECT_EQ(Probe(""), 56);
-    EXPECT_EQ(FunkcjaWStanieUspienia - ZainicjowanoPortSzeregowy, 1) << "only RESUME ends it";
+    EXPECT_EQ(FunkcjaWStanieUspienia, 1) << "only RESUME ends it";
+    EXPECT_EQ(ZainicjowanoPortSzeregowy, 0) << "only RESUME opens it";
+    EXPECT_EQ(Posted(), "S0 B0");
+    EXPECT_EQ(Probe(""), 56) << "a program that is told to quit is not held";
+    EXPECT_EQ(FunkcjaWStanieUspienia, 1);
+    EXPECT_EQ(Posted(), "") << "the server has not broken it";
 }
 
 TEST_F(Routing, OtherMessagesAreDispatchedOrDropped) {

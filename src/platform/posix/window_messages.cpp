@@ -19,6 +19,8 @@ bool TakeWindowMessage(uint32_t, uint32_t, WindowMessage&) {
 
 void DispatchOneWindowMessage(uint32_t, uint32_t) {}
 
-void WaitForWindowMessage() {}
+bool WaitForWindowMessage() {
+    return false;
+}
 
 }  // namespace platform

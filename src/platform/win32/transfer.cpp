@@ -15,6 +15,13 @@ bool ReadsWait(LineHandle line) {
     return GetCommTimeouts(FileOf(line), &timeouts) && timeouts.ReadTotalTimeoutConstant != 0;
 }
 
+// The line aborts on errors: from a damaged byte on it refuses every transfer until its errors are
+// cleared.
+void AcceptTransfersAgain(LineHandle line) {
+    DWORD errors = 0;
+    ClearCommError(FileOf(line), &errors, nullptr);
+}
+
 }  // namespace
 
 // A write returns when its bytes are gone, so after one that succeeded no output is pending. But
@@ -33,14 +40,18 @@ uint32_t PurgeInput(LineHandle line) {
 uint32_t WriteBytes(LineHandle line, const uint8_t* bytes, uint32_t count) {
     DWORD moved = 0;
     if (!WriteFile(FileOf(line), bytes, count, &moved, nullptr)) moved = 0;
-    if (moved != count) output_left = true;
+    if (moved == count) return moved;
+    output_left = true;
+    AcceptTransfersAgain(line);
     return moved;
 }
 
 uint32_t ReadBytes(LineHandle line, uint8_t* bytes, uint32_t count) {
     DWORD moved = 0;
     if (!ReadFile(FileOf(line), bytes, count, &moved, nullptr)) moved = 0;
-    if (moved != count && ReadsWait(line)) output_left = true;
+    if (moved == count) return moved;
+    if (ReadsWait(line)) output_left = true;
+    AcceptTransfersAgain(line);
     return moved;
 }
 
