@@ -1,4 +1,4 @@
-"""Reads include/koraxdr.h: the exported functions in their order, with groups and comments."""
+"""Reads include/koraxdr.h: constants and exported functions in their order, with groups and comments."""
 import re
 from dataclasses import dataclass
 from pathlib import Path
@@ -6,11 +6,19 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 HEADER = ROOT / "include/koraxdr.h"
 
-# A block comment, or the declaration of one function.
-TOKEN = re.compile(r"/\*(?P<comment>.*?)\*/|KORAX_API (?P<declaration>[^;#]*KORAX_CALL[^;#]*);", re.DOTALL)
+# A block comment, the declaration of one function, or the definition of one constant.
+TOKEN = re.compile(r"/\*(?P<comment>.*?)\*/|KORAX_API (?P<declaration>[^;#]*KORAX_CALL[^;#]*);"
+                   r"|#define (?P<constant>KORAXDR_VERSION\w*|KORAX_(?:E|RATE|TYPE)_\w+)"
+                   r"(?P<value>(?:[^/\\\n]|\\\n)+)", re.DOTALL)
 # What stands between these directives is not there on Windows.
 POSIX_ONLY = re.compile(r"^#if !defined\(_WIN32\)\n(.*?)^#endif", re.DOTALL | re.MULTILINE)
 DECLARATION = re.compile(r"(?P<result>.+?) ?(?P<name>\w+)\((?P<parameters>.*)\)")
+
+
+@dataclass(frozen=True)
+class Constant:
+    name: str
+    value: int
 
 
 @dataclass(frozen=True)
@@ -30,16 +38,31 @@ def signature(declaration):
     return re.sub(r"\s+", " ", declaration.replace("KORAX_CALL ", ""))
 
 
+def value(expression, known):
+    """The number that an expression of numbers and of constants before it gives."""
+    numbers = re.sub(r"KORAX\w+", lambda name: str(known[name[0]]), expression.replace("\\\n", " "))
+    if not re.fullmatch(r"[\d\s()+*]+", numbers):
+        raise ValueError(f"Not a number: {expression}")
+    return eval(numbers)  # digits, brackets, + and * alone
+
+
 def entries(header):
-    """Yields ('intro' | 'group' | 'function', text, signatures)."""
-    comment, signatures = None, []
+    """Yields ('intro' | 'group' | 'constants' | 'function', text, constants or signatures)."""
+    comment, signatures, constants, known = None, [], [], {}
     for token in TOKEN.finditer(header):
         if token["declaration"]:
             signatures.append(signature(token["declaration"]))
             continue
+        if token["constant"]:
+            known[token["constant"]] = value(token["value"], known)
+            constants.append(Constant(token["constant"], known[token["constant"]]))
+            continue
         if signatures:
             yield "function", comment, signatures
             signatures = []
+        elif constants:
+            yield "constants", comment, constants
+            constants = []
         elif comment is not None:
             yield "intro", comment, []
         comment = plain(token["comment"])

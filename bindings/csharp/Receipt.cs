@@ -10,17 +10,16 @@ internal static class Receipt
 {
     private const int Baud = 9600, TimeoutSeconds = 5, ComPort = 1;
     private const int Correction = 0, Sale = 1;
-    private const int RateA = 1, RateB = 2, RateC = 3;
     private const int AmountDiscount = 1;
-    private const int ReceiptCancelled = 210;
 
     private struct Item
     {
-        public readonly int Sale, Rate, Quantity, Decimals, Price;
+        public readonly int Sale, Quantity, Decimals, Price;
+        public readonly Rate Rate;
         public readonly string Name, Unit;
 
         // A quantity comes with its number of decimals: 1500 and 3 are 1.500 kg.
-        public Item(int sale, string name, int rate, int quantity, int decimals, string unit,
+        public Item(int sale, string name, Rate rate, int quantity, int decimals, string unit,
             int price)
         {
             Sale = sale;
@@ -35,39 +34,39 @@ internal static class Receipt
 
     private static readonly Item[] Items =
     {
-        new Item(Sale, "Chleb żytni krojony", RateC, 2, 0, "szt.", 449),
-        new Item(Sale, "Jabłka ligol", RateC, 1356, 3, "kg", 399),
-        new Item(Sale, "Kawa palona mielona świeżo parzona", RateA, 1, 0, "opak", 2799),
-        new Item(Sale, "Czekolada gorzka z całymi orzechami", RateA, 3, 0, "szt.", 649),
-        new Item(Correction, "Czekolada gorzka z całymi orzechami", RateA, 1, 0, "szt.", 649),
-        new Item(Sale, "Gazeta codzienna", RateB, 1, 0, "szt.", 350),
+        new Item(Sale, "Chleb żytni krojony", Rate.C, 2, 0, "szt.", 449),
+        new Item(Sale, "Jabłka ligol", Rate.C, 1356, 3, "kg", 399),
+        new Item(Sale, "Kawa palona mielona świeżo parzona", Rate.A, 1, 0, "opak", 2799),
+        new Item(Sale, "Czekolada gorzka z całymi orzechami", Rate.A, 3, 0, "szt.", 649),
+        new Item(Correction, "Czekolada gorzka z całymi orzechami", Rate.A, 1, 0, "szt.", 649),
+        new Item(Sale, "Gazeta codzienna", Rate.B, 1, 0, "szt.", 350),
     };
 
     private static int OpenLine(string device)
     {
         int port;
         if (int.TryParse(device, out port)) return port;
-        Check(SetPortDevice(ComPort, device));
+        SetPortDevice(ComPort, device);
         return ComPort;
     }
 
     // Types 7 and 9 take 28 characters of a name, the others 40 and more.
-    private static string Fitting(string name, int deviceType)
+    private static string Fitting(string name, Device device)
     {
-        bool narrow = deviceType == 7 || deviceType == 9;
+        bool narrow = device == Device.QuorraF || device == Device.TolaF;
         return narrow && name.Length > 28 ? name.Substring(0, 28) : name;
     }
 
     // Prints the receipt; returns its total in hundredths.
-    private static int Sell(int deviceType)
+    private static int Sell(Device device)
     {
-        Check(ReceiptBegin());
+        ReceiptBegin();
         int total = 0;
         foreach (Item item in Items)
         {
             int value = 0; // 0 asks the library to work it out
-            Check(pReceiptItem(item.Sale, Text(Fitting(item.Name, deviceType)), item.Rate, 0,
-                item.Quantity, item.Decimals, Text(item.Unit), item.Price, ref value));
+            pReceiptItem(item.Sale, Text(Fitting(item.Name, device)), (int)item.Rate, 0,
+                item.Quantity, item.Decimals, Text(item.Unit), item.Price, ref value);
             total += item.Sale == Sale ? value : -value;
         }
 
@@ -75,11 +74,11 @@ internal static class Receipt
         // the end of the receipt, on the device types that know them.
         const int discount = 150, byCard = 2000, cash = 5000;
         total -= discount;
-        Check(pFillPayment(1, Text("Karta"), byCard, 0));
-        Check(pFillPayment(2, Text("Gotówka"), cash, byCard + cash - total));
+        pFillPayment(1, Text("Karta"), byCard, 0);
+        pFillPayment(2, Text("Gotówka"), cash, byCard + cash - total);
         int freeLines = 0;
-        Check(pFillLines(1, Text("Dziękujemy i zapraszamy!"), ref freeLines));
-        Check(ReceiptEndEx(discount, AmountDiscount));
+        pFillLines(1, Text("Dziękujemy i zapraszamy!"), ref freeLines);
+        ReceiptEndEx(discount, AmountDiscount);
         return total;
     }
 
@@ -87,15 +86,22 @@ internal static class Receipt
     private static void GiveUp(KoraxException error)
     {
         Console.WriteLine(error.Message);
-        if (error.Number != ReceiptCancelled)
+        try
         {
-            ReceiptCancel(); // does nothing when no receipt is open
-            return;
+            if (error.Number != (int)Error.ReceiptCancelled)
+            {
+                ReceiptCancel();
+                return;
+            }
+            int code = 0;
+            var reason = NewBuffer();
+            CancellationReason(ref code, reason);
+            Console.WriteLine("The device gave reason {0}: {1}", code, ToText(reason));
         }
-        int code = 0;
-        var reason = NewBuffer();
-        if (CancellationReason(ref code, reason) != 0) return;
-        Console.WriteLine("The device gave reason {0}: {1}", code, ToText(reason));
+        catch (KoraxException)
+        {
+            // No receipt was open, or the device is gone.
+        }
     }
 
     private static int Main(string[] arguments)
@@ -108,12 +114,12 @@ internal static class Receipt
         Console.OutputEncoding = new System.Text.UTF8Encoding(false);
         try
         {
-            Check(CommunicationInit(OpenLine(arguments[0]), Baud, TimeoutSeconds));
-            int deviceType = Value(xDeviceType());
-            Console.WriteLine("Device: " + ReadText(pDeviceName));
-            Console.WriteLine("Driver: " + ReadText(pDllVersion));
-            int total = Sell(deviceType);
-            Console.WriteLine("Receipt {0}, total {1},{2:D2}", Value(xReceiptNumber()),
+            CommunicationInit(OpenLine(arguments[0]), Baud, TimeoutSeconds);
+            var device = (Device)xDeviceType();
+            Console.WriteLine("Device: " + xDeviceName());
+            Console.WriteLine("Driver: " + xDllVersion());
+            int total = Sell(device);
+            Console.WriteLine("Receipt {0}, total {1},{2:D2}", xReceiptNumber(),
                 total / 100, total % 100);
             return 0;
         }

@@ -23,11 +23,7 @@ const
   ComPort = 1;
   Correction = 0;
   Sale = 1;
-  RateA = 1;
-  RateB = 2;
-  RateC = 3;
   AmountDiscount = 1;
-  ReceiptCancelled = 210;
 
 function OpenLine(const Device: string): Int32;
 begin
@@ -36,7 +32,7 @@ begin
   if Result = 0 then
   begin
     Result := ComPort;
-    KoraxCheck(SetPortDevice(Result, PAnsiChar(AnsiString(Device))));
+    SetPortDevice(Result, PAnsiChar(AnsiString(Device)));
   end;
 {$ENDIF}
 end;
@@ -50,13 +46,13 @@ var
   Fitting: UnicodeString;
 begin
   { Types 7 and 9 take 28 characters of a name, the others 40 and more. }
-  DeviceType := KoraxValue(xDeviceType);
+  DeviceType := xDeviceType;
   Fitting := Name;
-  if (DeviceType = 7) or (DeviceType = 9) then
+  if (DeviceType = KORAX_TYPE_QUORRA_F) or (DeviceType = KORAX_TYPE_TOLA_F) then
     Fitting := Copy(Name, 1, 28);
   Result := 0; { asks the library to work it out }
-  KoraxCheck(pReceiptItem(Kind, PAnsiChar(KoraxText(Fitting)), Rate, 0, Quantity, Decimals,
-    PAnsiChar(KoraxText(AUnit)), Price, Result));
+  pReceiptItem(Kind, PAnsiChar(KoraxText(Fitting)), Rate, 0, Quantity, Decimals,
+    PAnsiChar(KoraxText(AUnit)), Price, Result);
   if Kind = Correction then
     Result := -Result;
 end;
@@ -70,22 +66,22 @@ const
 var
   FreeLines: Int32;
 begin
-  KoraxCheck(ReceiptBegin);
-  Result := Item(Sale, 'Chleb żytni krojony', RateC, 2, 0, 'szt.', 449);
-  Inc(Result, Item(Sale, 'Jabłka ligol', RateC, 1356, 3, 'kg', 399));
-  Inc(Result, Item(Sale, 'Kawa palona mielona świeżo parzona', RateA, 1, 0, 'opak', 2799));
-  Inc(Result, Item(Sale, 'Czekolada gorzka z całymi orzechami', RateA, 3, 0, 'szt.', 649));
-  Inc(Result, Item(Correction, 'Czekolada gorzka z całymi orzechami', RateA, 1, 0, 'szt.', 649));
-  Inc(Result, Item(Sale, 'Gazeta codzienna', RateB, 1, 0, 'szt.', 350));
+  ReceiptBegin;
+  Result := Item(Sale, 'Chleb żytni krojony', KORAX_RATE_C, 2, 0, 'szt.', 449);
+  Inc(Result, Item(Sale, 'Jabłka ligol', KORAX_RATE_C, 1356, 3, 'kg', 399));
+  Inc(Result, Item(Sale, 'Kawa palona mielona świeżo parzona', KORAX_RATE_A, 1, 0, 'opak', 2799));
+  Inc(Result, Item(Sale, 'Czekolada gorzka z całymi orzechami', KORAX_RATE_A, 3, 0, 'szt.', 649));
+  Inc(Result, Item(Correction, 'Czekolada gorzka z całymi orzechami', KORAX_RATE_A, 1, 0, 'szt.', 649));
+  Inc(Result, Item(Sale, 'Gazeta codzienna', KORAX_RATE_B, 1, 0, 'szt.', 350));
 
   { A discount on the whole receipt, and two forms of payment with change. They are sent by the end
     of the receipt, on the device types that know them. }
   Dec(Result, Discount);
-  KoraxCheck(pFillPayment(1, 'Karta', ByCard, 0));
-  KoraxCheck(pFillPayment(2, PAnsiChar(KoraxText('Gotówka')), Cash, ByCard + Cash - Result));
+  pFillPayment(1, 'Karta', ByCard, 0);
+  pFillPayment(2, PAnsiChar(KoraxText('Gotówka')), Cash, ByCard + Cash - Result);
   FreeLines := 0;
-  KoraxCheck(pFillLines(1, PAnsiChar(KoraxText('Dziękujemy i zapraszamy!')), FreeLines));
-  KoraxCheck(ReceiptEndEx(Discount, AmountDiscount));
+  pFillLines(1, PAnsiChar(KoraxText('Dziękujemy i zapraszamy!')), FreeLines);
+  ReceiptEndEx(Discount, AmountDiscount);
 end;
 
 { Leaves no receipt open, and says what has happened. }
@@ -94,24 +90,31 @@ var
   Code: Int32;
   Reason: TKoraxBuffer;
 begin
-  WriteLn(Error.Number, ', ', Error.Text);
-  Code := 0;
-  if Error.Number <> ReceiptCancelled then
-    ReceiptCancel { does nothing when no receipt is open }
-  else if CancellationReason(Code, Reason) = 0 then
+  WriteLn(Error.FunctionName, ': ', Error.Number, ', ', Error.Text);
+  try
+    if Error.Number <> KORAX_E_RECEIPT_CANCELLED then
+    begin
+      ReceiptCancel;
+      Exit;
+    end;
+    Code := 0;
+    CancellationReason(Code, Reason);
     WriteLn('The device gave reason ', Code, ': ', KoraxString(Reason));
+  except
+    on EKorax do; { no receipt was open, or the device is gone }
+  end;
 end;
 
 procedure Run(const Device: string);
 var
   Total: Int32;
 begin
-  KoraxCheck(CommunicationInit(OpenLine(Device), Baud, TimeoutSeconds));
-  WriteLn('Device: ', KoraxValue(xDeviceName));
-  WriteLn('Driver: ', KoraxValue(xDllVersion));
+  CommunicationInit(OpenLine(Device), Baud, TimeoutSeconds);
+  WriteLn('Device: ', xDeviceName);
+  WriteLn('Driver: ', xDllVersion);
   Total := Sell;
   WriteLn(Format('Receipt %d, total %d,%.2d',
-    [KoraxValue(xReceiptNumber), Total div 100, Total mod 100]));
+    [xReceiptNumber, Total div 100, Total mod 100]));
 end;
 
 begin

@@ -28,6 +28,7 @@ from __future__ import annotations
 
 import contextlib
 import ctypes
+import enum
 import operator
 import os
 import sys
@@ -40,6 +41,8 @@ _TEXT_BUFFER = 256  # holds every text that the library returns
 
 _library = None
 _lock = threading.RLock()
+_session = threading.Lock()  # held while a session() stands
+_PORT_OF_PATH = 255  # the last one, which an application hardly has
 
 
 class KoraxError(Exception):
@@ -69,26 +72,45 @@ def load(file: str | os.PathLike[str] | None = None) -> None:
 
 
 @contextlib.contextmanager
-def session(device: int | str, baud: int = 9600, timeout: int = 5):
-    """A session with the device on a COM port, or on Linux behind a path, ended in any case."""
-    port = device
-    if isinstance(device, str):
-        if _WINDOWS:
-            raise ValueError("on Windows the device is named by its COM port's number")
-        port = 1
-        SetPortDevice(port, device)
-    CommunicationInit(port, baud, timeout)
+def session(device: int | str | os.PathLike[str], baud: int = 9600, timeout: int = 5):
+    """A session with the device on a COM port, or on Linux behind a path, ended in any case. There is
+    one at a time: a second raises RuntimeError. A path takes COM port 255 for as long."""
+    if not _session.acquire(blocking=False):
+        raise RuntimeError("a session stands already")
     try:
-        yield
+        with _named(device) as port:
+            CommunicationInit(port, baud, timeout)
+            try:
+                yield
+            finally:
+                CommunicationEnd()
     finally:
-        CommunicationEnd()
+        _session.release()
+
+
+@contextlib.contextmanager
+def _named(device):
+    """The number of the device's port."""
+    if not isinstance(device, (str, os.PathLike)):
+        yield device
+        return
+    if _WINDOWS:
+        raise ValueError("on Windows the device is named by its COM port's number")
+    SetPortDevice(_PORT_OF_PATH, device)
+    try:
+        yield _PORT_OF_PATH
+    finally:
+        SetPortDevice(_PORT_OF_PATH, "")  # else a later session by this number would find it
 
 
 # ---- Arguments ----
 
 
 def _integer(name, value, low, high, c_type):
-    value = operator.index(value)
+    try:
+        value = operator.index(value)
+    except TypeError:
+        raise TypeError(f"{name} is {type(value).__name__}, not int") from None
     if not low <= value <= high:
         raise OverflowError(f"{name} is {value}, outside {low} to {high}")
     return c_type(value)
@@ -111,7 +133,11 @@ def _bytes(name, data):
 def _encoded(name, value, code_page):
     if not isinstance(value, str):
         raise TypeError(f"{name} is {type(value).__name__}, not str")
-    return value.encode(code_page)
+    try:
+        return value.encode(code_page)
+    except UnicodeEncodeError as error:
+        error.reason = f"{name}: {error.reason}"
+        raise
 
 
 def _text(name, value):
@@ -132,6 +158,8 @@ def _device_text(name, value):
 
 
 def _path(name, value):
+    if not isinstance(value, (str, os.PathLike)):
+        raise TypeError(f"{name} is {type(value).__name__}, not a path")
     path = os.fspath(value)
     return _bytes(name, path.encode("mbcs", "strict") if _WINDOWS else os.fsencode(path))
 
@@ -248,6 +276,122 @@ def RSSequence(ControlCode: int, QuantityOfBytesToReceive: int, ToSend: bytes = 
 
 
 # ---- Constants ----
+
+
+# The interface that a program is compiled for (44400 is 4.44.0), for #if KORAXDR_VERSION >= 44400;
+# pDllVersion tells that of the library that was loaded.
+VERSION_MAJOR = 4
+VERSION_MINOR = 44
+VERSION_PATCH = 0
+VERSION = 44400
+
+
+class Error(enum.IntEnum):
+    """Error numbers. What each means and what to do about it: docs/errors.md. 231 has two names, since
+    pAdditionalCurrencyPayment gives it for a currency name that is too short."""
+
+    OK = 0
+    PORT = 2
+    PORT_BUSY = 5
+    SEND_TIMEOUT = 20
+    RECEIVE_TIMEOUT = 21
+    UNEXPECTED_ANSWER = 23
+    REFUSED = 24
+    DAMAGED = 26
+    CHECK_SUM = 46
+    NO_SESSION = 99
+    NO_PRODUCER_DATA = 100
+    SERVICE_JUMPER = 101
+    NO_PRINTER_CONTROLLER = 102
+    PRINTER_FAILURE = 103
+    NO_USER_DATA = 104
+    READ_ONLY = 105
+    NO_CUSTOMER_DISPLAY = 106
+    MEMORY_ERASED = 107
+    DAILY_REPORT_PENDING = 108
+    NO_PAPER = 109
+    DOCUMENT_WAITS = 110
+    CHARACTERS_WAIT = 111
+    PRINTOUT_STOPPED = 112
+    NO_RATES = 113
+    NO_PORT_NUMBER = 114
+    RECEIPT_OPEN = 200
+    NO_RECEIPT = 201
+    NAME = 202
+    RATE = 203
+    MESSAGE = 204
+    QUANTITY = 205
+    QUANTITY_DECIMALS = 206
+    UNIT = 207
+    PRICE = 208
+    AMOUNT = 209
+    RECEIPT_CANCELLED = 210
+    NOTHING_SOLD = 211
+    DRAWER = 212
+    COMMAND_NOT_AVAILABLE = 213
+    PACKAGE_KIND = 214
+    OUT_OF_RANGE = 215
+    NO_FREE_LINE = 216
+    RATES_NOT_WRITTEN = 217
+    RECEIPTS_PRINTED = 218
+    DATES = 219
+    NO_REPORTS = 220
+    NUMBERS = 221
+    MONTH_NOT_OVER = 222
+    PARAMETER_N = 223
+    NOT_IN_THIS_DEVICE = 224
+    NULL = 225
+    RATE_NOT_DEFINED = 226
+    ITEM_VALUE = 227
+    CLOCK_NO_DIFFERENCE = 228
+    CLOCK_TOO_FAR = 229
+    CLOCK_ONCE_A_DAY = 230
+    CONTROL_CHARACTER = 231
+    CURRENCY_NAME = 231
+    DATA_CHECK_SUM = 232
+    INCOMPLETE_DATA = 233
+    SAME_DATA = 234
+    DAILY_REPORT_FIRST = 235
+    FILE = 236
+    FILE_FORMAT = 237
+    TOO_MANY_PACKAGES = 238
+    INTERNAL = 999
+
+
+class Rate(enum.IntEnum):
+    """Tax rates as the functions of a receipt take them. pControlPrintout and pCheckArticle count as
+    the device does: A to D likewise, then G, E and F as 5, 6 and 7."""
+
+    A = 1
+    B = 2
+    C = 3
+    D = 4
+    E = 5
+    F = 6
+    G = 7
+
+
+# Values of ReadVAT and SetVAT that are no percentage.
+RATE_EXEMPT = 10000
+RATE_NOT_USED = 25500
+
+
+class Device(enum.IntEnum):
+    """Device types, as DeviceType tells them."""
+
+    GX450A_5 = 1
+    GX450A_7 = 2
+    QUORRA_1 = 3
+    QUORRA_2 = 4
+    GX450B_5 = 5
+    GX450B_7 = 6
+    QUORRA_F = 7
+    TOLA = 8
+    TOLA_F = 9
+    TOLA_E = 10
+    TOLA_EFV = 11
+    TOLA_F_E = 12
+    OTHER = 13
 
 
 # ---- Session ----

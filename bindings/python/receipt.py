@@ -7,26 +7,25 @@
 import sys
 
 import koraxdr
+from koraxdr import Device, Error, Rate
 
 CORRECTION, SALE = 0, 1
-RATE_A, RATE_B, RATE_C = 1, 2, 3
 AMOUNT_DISCOUNT = 1
-RECEIPT_CANCELLED = 210
 
 # A quantity comes with its number of decimals: 1500 and 3 are 1.500 kg.
 ITEMS = [
-    (SALE, "Chleb żytni krojony", RATE_C, 2, 0, "szt.", 449),
-    (SALE, "Jabłka ligol", RATE_C, 1356, 3, "kg", 399),
-    (SALE, "Kawa palona mielona świeżo parzona", RATE_A, 1, 0, "opak", 2799),
-    (SALE, "Czekolada gorzka z całymi orzechami", RATE_A, 3, 0, "szt.", 649),
-    (CORRECTION, "Czekolada gorzka z całymi orzechami", RATE_A, 1, 0, "szt.", 649),
-    (SALE, "Gazeta codzienna", RATE_B, 1, 0, "szt.", 350)]
+    (SALE, "Chleb żytni krojony", Rate.C, 2, 0, "szt.", 449),
+    (SALE, "Jabłka ligol", Rate.C, 1356, 3, "kg", 399),
+    (SALE, "Kawa palona mielona świeżo parzona", Rate.A, 1, 0, "opak", 2799),
+    (SALE, "Czekolada gorzka z całymi orzechami", Rate.A, 3, 0, "szt.", 649),
+    (CORRECTION, "Czekolada gorzka z całymi orzechami", Rate.A, 1, 0, "szt.", 649),
+    (SALE, "Gazeta codzienna", Rate.B, 1, 0, "szt.", 350)]
 
 
 def sell():
     """Prints the receipt; returns its total in hundredths."""
     # Types 7 and 9 take 28 characters of a name, the others 40 and more.
-    longest = 28 if koraxdr.xDeviceType() in (7, 9) else 40
+    longest = 28 if koraxdr.xDeviceType() in (Device.QUORRA_F, Device.TOLA_F) else 40
     koraxdr.ReceiptBegin()
     total = 0
     for sale, name, rate, quantity, decimals, unit, price in ITEMS:
@@ -48,7 +47,7 @@ def give_up(error):
     """Leaves no receipt open, and says what has happened."""
     print(error)
     try:
-        if error.number == RECEIPT_CANCELLED:
+        if error.number == Error.RECEIPT_CANCELLED:
             code, reason = koraxdr.CancellationReason()
             print(f"The device gave reason {code}: {reason}")
         else:

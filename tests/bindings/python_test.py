@@ -2,6 +2,7 @@
 import re
 import sys
 import unittest
+from decimal import Decimal
 from pathlib import Path
 
 from simulator import simulator
@@ -29,18 +30,28 @@ class WithoutDevice(unittest.TestCase):
             koraxdr.xReceiptNumber()  # reports by LastError alone
 
     def test_what_the_library_cannot_take_is_refused(self):
-        for wanted, call in (
-                (UnicodeEncodeError, lambda: koraxdr.pFillPayment(1, "Karta 中", 100, 0)),
-                (ValueError, lambda: koraxdr.pFillPayment(1, "Karta\0", 100, 0)),
-                (TypeError, lambda: koraxdr.pFillPayment(1, None, 100, 0)),
-                (TypeError, lambda: koraxdr.pFillPayment(1, "Karta", 1.5, 0)),
-                (OverflowError, lambda: koraxdr.pFillPayment(1, "Karta", 2**31, 0)),
-                (OverflowError, lambda: koraxdr.pFillPayment(1, "Karta", 0, -2**31 - 1)),
-                (OverflowError, lambda: koraxdr.InZnakiPolskie(256)),
-                (OverflowError, lambda: koraxdr.RSSequence(0x46, 256)),
-                (OverflowError, lambda: koraxdr.RSSequence(0x46, 1, bytes(256)))):
-            with self.assertRaises(wanted):
+        for wanted, parameter, call in (
+                (UnicodeEncodeError, "PaymentName", lambda: koraxdr.pFillPayment(1, "Karta 中", 100, 0)),
+                (ValueError, "PaymentName", lambda: koraxdr.pFillPayment(1, "Karta\0", 100, 0)),
+                (TypeError, "PaymentName", lambda: koraxdr.pFillPayment(1, None, 100, 0)),
+                (TypeError, "Total", lambda: koraxdr.pFillPayment(1, "Karta", 1.5, 0)),
+                (TypeError, "Total", lambda: koraxdr.pFillPayment(1, "Karta", Decimal("1.5"), 0)),
+                (OverflowError, "Total", lambda: koraxdr.pFillPayment(1, "Karta", 2**31, 0)),
+                (OverflowError, "Change", lambda: koraxdr.pFillPayment(1, "Karta", 0, -2**31 - 1)),
+                (TypeError, "DevicePath", lambda: koraxdr.SetPortDevice(1, 1)),
+                (OverflowError, "Character", lambda: koraxdr.InZnakiPolskie(256)),
+                (OverflowError, "QuantityOfBytesToReceive", lambda: koraxdr.RSSequence(0x46, 256)),
+                (OverflowError, "ToSend", lambda: koraxdr.RSSequence(0x46, 1, bytes(256)))):
+            with self.assertRaisesRegex(wanted, parameter):
                 call()
+
+    def test_a_number_is_not_the_path_of_an_earlier_session(self):
+        with simulator(KORAXSIM) as (device, _):
+            with koraxdr.session(device):
+                pass
+            for port in 1, 255:  # devices that the system may have but that hardly answer
+                with self.assertRaises(koraxdr.KoraxError), koraxdr.session(port, timeout=1):
+                    pass
 
     def test_texts_come_and_go(self):
         self.assertEqual("Żółwik" + " " * 34, koraxdr.NormNazwa("Żółwik"))
@@ -50,8 +61,20 @@ class WithoutDevice(unittest.TestCase):
 
 class WithDevice(unittest.TestCase):
     def setUp(self):
-        device, self.paper = self.enterContext(simulator(KORAXSIM, 11))
-        self.enterContext(koraxdr.session(str(device)))
+        self.device, self.paper = self.enterContext(simulator(KORAXSIM, 11))
+        self.enterContext(koraxdr.session(str(self.device)))
+
+    def test_there_is_one_session_at_a_time(self):
+        koraxdr.ReceiptBegin()
+        with self.assertRaises(RuntimeError), koraxdr.session(self.device):
+            pass
+        koraxdr.ReceiptCancel()  # by the session that stands
+
+    def test_constants_are_those_of_the_header(self):
+        self.assertEqual(koraxdr.Device.TOLA_EFV, koraxdr.xDeviceType())
+        with self.assertRaises(koraxdr.KoraxError) as raised:
+            koraxdr.ReceiptEnd(0)
+        self.assertEqual(koraxdr.Error.NO_RECEIPT, raised.exception.number)
 
     def test_twins_give_the_same(self):
         for p, x in (("pDllVersion", "xDllVersion"), ("pDeviceName", "xDeviceName"), ("pReadTotal", "xReadTotal"),
