@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "port/exchange_cells.h"
 #include "port/sysseria.h"
+#include "port/wire_bytes.h"
 
 uint8_t MaksymalnaLiczbaRetransmisji = 3;
 uint8_t Autoryzacja[kRozmiarAutoryzacji];
@@ -16,7 +17,6 @@ uint8_t LicznikRetransmisjiDoKontroleraModemu = 0;
 
 namespace {
 
-constexpr uint8_t kCr = 0x0D;
 constexpr uint32_t kPrzerwaPrzyNapisieMs = 100;
 
 // What the controller asks for is presented once in an exchange; a second demand stops it.

@@ -28,8 +28,8 @@ constexpr auto TablicaCRC16 = [] {
     return table;
 }();
 
-void DoliczDoCRC(uint8_t bajt) {
-    SumaCRC16 = (SumaCRC16 >> 8) ^ TablicaCRC16[(SumaCRC16 ^ bajt) & 0xFF];
+void DoliczDoCRC(uint8_t byte) {
+    SumaCRC16 = (SumaCRC16 >> 8) ^ TablicaCRC16[(SumaCRC16 ^ byte) & 0xFF];
 }
 
 void PrzesunLicznikKolowy() {
@@ -37,20 +37,20 @@ void PrzesunLicznikKolowy() {
 }
 
 // A byte wide, the position cannot leave Ramka: behind the last byte it is 0 again.
-void ZapiszDoRamki(uint8_t bajt) {
-    Ramka[WskaznikZapisuDoRamki++] = bajt;
+void ZapiszDoRamki(uint8_t byte) {
+    Ramka[WskaznikZapisuDoRamki++] = byte;
 }
 
 // Writes a body byte without counting it in the check sum.
-void ZakodujBajt(uint8_t bajt) {
+void ZakodujBajt(uint8_t byte) {
     if (LicznikKolowyRamki == 0) {
         MiejsceZbieracza = WskaznikZapisuDoRamki;
         ZapiszDoRamki(kBitLinii);
     }
-    if ((bajt & kBitLinii) != 0) {
+    if ((byte & kBitLinii) != 0) {
         Ramka[MiejsceZbieracza] |= static_cast<uint8_t>(1 << (6 - LicznikKolowyRamki));
     }
-    ZapiszDoRamki(bajt | kBitLinii);
+    ZapiszDoRamki(byte | kBitLinii);
     PrzesunLicznikKolowy();
 }
 
@@ -60,18 +60,18 @@ void RozpocznijRamke() {
     WskaznikZapisuDoRamki = 0;
     LicznikKolowyRamki = 0;
     SumaCRC16 = 0;
-    for (const uint8_t bajt : Synchronizacja) ZapiszDoRamki(bajt);
+    for (const uint8_t byte : Synchronizacja) ZapiszDoRamki(byte);
 }
 
-void WpisanieBajtuDoRamki(uint8_t bajt) {
-    DoliczDoCRC(bajt);
-    ZakodujBajt(bajt);
+void WpisanieBajtuDoRamki(uint8_t byte) {
+    DoliczDoCRC(byte);
+    ZakodujBajt(byte);
 }
 
 void ZamknijRamke() {
-    const uint32_t suma = SumaCRC16;
-    ZakodujBajt(static_cast<uint8_t>(suma));
-    ZakodujBajt(static_cast<uint8_t>(suma >> 8));
+    const uint32_t sum = SumaCRC16;
+    ZakodujBajt(static_cast<uint8_t>(sum));
+    ZakodujBajt(static_cast<uint8_t>(sum >> 8));
 }
 
 void RozpocznijOdczytRamki() {
@@ -82,10 +82,10 @@ void RozpocznijOdczytRamki() {
 
 uint8_t BajtOdkodowanyZRamki() {
     if (LicznikKolowyRamki == 0) MiejsceZbieracza = WskaznikOdczytuZRamki++;
-    const bool najwyzszy = (Ramka[MiejsceZbieracza] >> (6 - LicznikKolowyRamki) & 1) != 0;
-    auto bajt = static_cast<uint8_t>(Ramka[WskaznikOdczytuZRamki++] & ~kBitLinii);
-    if (najwyzszy) bajt |= kBitLinii;
+    const bool top = (Ramka[MiejsceZbieracza] >> (6 - LicznikKolowyRamki) & 1) != 0;
+    auto byte = static_cast<uint8_t>(Ramka[WskaznikOdczytuZRamki++] & ~kBitLinii);
+    if (top) byte |= kBitLinii;
     PrzesunLicznikKolowy();
-    DoliczDoCRC(bajt);
-    return bajt;
+    DoliczDoCRC(byte);
+    return byte;
 }

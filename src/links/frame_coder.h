@@ -20,7 +20,7 @@ inline constexpr int kNajdluzszeCialoNaLinii = kRozmiarRamki - kBajtowSynchroniz
 inline constexpr int kNajdluzszeCialo = kNajdluzszeCialoNaLinii - (kNajdluzszeCialoNaLinii + 7) / 8;
 
 void RozpocznijRamke();                   // the sync, check sum 0
-void WpisanieBajtuDoRamki(uint8_t bajt);  // one body byte
+void WpisanieBajtuDoRamki(uint8_t byte);  // one body byte
 void ZamknijRamke();                      // the check sum, low byte first
 void RozpocznijOdczytRamki();             // behind the sync, check sum 0
 uint8_t BajtOdkodowanyZRamki();           // the next body byte; a good frame ends with check sum 0

@@ -10,6 +10,7 @@
 #include "port/opening.h"
 #include "port/portpro.h"
 #include "port/sysseria.h"
+#include "port/wire_bytes.h"
 
 uint8_t BudowacRamkeModemowa = 1;
 uint8_t NrKanaluWKontrolerzeModemu = 1;
@@ -21,8 +22,6 @@ uint8_t WskaznikOdczytuZBuforaModemu = 0;
 uint8_t MaksymalnyWskaznikOdczytuZBuforaModemu = 0;
 
 namespace {
-
-constexpr uint8_t kEsc = 0x1B;
 
 // Raw body: length, flags, the three lengths, the command, the data, the check sum.
 constexpr int kPolaPrzedRozkazem = 5;

@@ -64,11 +64,11 @@ char WinRcvMsg(char kind, uint32_t* wparam, uint32_t* value) {
     while (platform::TakeWindowMessage(MsgID, MsgID, message)) {
         const auto packed = static_cast<uint32_t>(message.lparam);
         const char letter = static_cast<char>(packed & 0xFF);
-        const bool forDriver =
+        const bool for_driver =
             kind == 'D' && message.wparam == IdSterownika() && letter >= 'a' && letter <= 'z';
-        const bool forServer = kind == 'S' && letter >= 'A' && letter <= 'Z';
-        if (!forDriver && !forServer) continue;
-        if (forServer && wparam != nullptr) *wparam = static_cast<uint32_t>(message.wparam);
+        const bool for_server = kind == 'S' && letter >= 'A' && letter <= 'Z';
+        if (!for_driver && !for_server) continue;
+        if (for_server && wparam != nullptr) *wparam = static_cast<uint32_t>(message.wparam);
         if (value != nullptr) *value = packed >> 8;
         return letter;
     }

@@ -1,8 +1,8 @@
 #include "numbers/io_util.h"
 
-char* NumToStr(uint32_t value, char* out, uint32_t minDigits, char kind) {
+char* NumToStr(uint32_t value, char* out, uint32_t min_digits, char kind) {
     char* end = out;
-    if (value == 0 && minDigits == 0) {
+    if (value == 0 && min_digits == 0) {
         *end++ = '0';
         *end = '\0';
         return out;
@@ -15,17 +15,17 @@ char* NumToStr(uint32_t value, char* out, uint32_t minDigits, char kind) {
     uint32_t weight = 1000000000u;
     for (uint32_t position = 0; position < 10; ++position, weight /= 10) {
         const uint32_t digit = value / weight % 10;
-        started = started || digit != 0 || position + minDigits > 9 || minDigits > 9;
+        started = started || digit != 0 || position + min_digits > 9 || min_digits > 9;
         if (started) *end++ = static_cast<char>('0' + digit);
     }
     *end = '\0';
     return out;
 }
 
-char* IntToStr(uint32_t value, char* out, uint32_t minDigits) {
-    return NumToStr(value, out, minDigits, 'i');
+char* IntToStr(uint32_t value, char* out, uint32_t min_digits) {
+    return NumToStr(value, out, min_digits, 'i');
 }
 
-void UlToStr(uint32_t value, char* out, uint32_t minDigits) {
-    NumToStr(value, out, minDigits, 'u');
+void UlToStr(uint32_t value, char* out, uint32_t min_digits) {
+    NumToStr(value, out, min_digits, 'u');
 }

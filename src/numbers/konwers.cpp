@@ -93,7 +93,7 @@ int get_msb(const uint8_t* p, int n) {
 void mul10(uint8_t* p, uint8_t digit) {
     mul2(p, kSzerokosc);
     if (f_konwersja == kKonwersjaNadmiar) return;
-    // The copy goes to the work number on purpose, also when p is the work number itself: see atob.
+    // The copy goes to the work number also when p is the work number itself: see atob.
     mem_cpy(LiczbaRobocza, p, kSzerokosc);
     for (int times = 0; times < 2; ++times) {
         mul2(p, kSzerokosc);
@@ -121,8 +121,8 @@ void ZerowanieLiczbySzesciobajtowej(uint8_t* p) {
     mem_cls(p, 0, 6);
 }
 
-// mul10 saves its copy in the very number that it multiplies here, so each step gives p x 16 +
-// digit and "12" reads as 18. Intended to stay: nothing that is sent to a device is read this way.
+// Oddity: atob reads "12" as 18. mul10 saves its copy in the very number that it multiplies here, so
+// that each step gives p x 16 + digit. Nothing that is sent to a device is read this way.
 uint8_t* atob(const char* text) {
     ZerowanieLiczbyOsmiobajtowej(LiczbaRobocza);
     f_konwersja = 0;

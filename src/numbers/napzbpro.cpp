@@ -18,11 +18,12 @@ const char* NapisZBajtowOpisujacychWKodzieU2(const uint8_t* bytes, uint8_t first
 }
 
 const char* NapisZBajtowOpisujacychOgolnie(const uint8_t* bytes, uint8_t first, uint8_t last,
-                                           uint8_t decimals, bool u2) {
+                                           uint8_t decimals, bool twos_complement) {
     uint8_t number[8] = {};
-    const int len = std::clamp(last - first + 1, 0, 8);
-    mem_cpy(number, bytes + first, len);
-    bool negative = u2 && UjemnaLiczbaWKodzieU2(number, static_cast<uint8_t>(len)) != 0;
+    const int length = std::clamp(last - first + 1, 0, 8);
+    mem_cpy(number, bytes + first, length);
+    bool negative =
+        twos_complement && UjemnaLiczbaWKodzieU2(number, static_cast<uint8_t>(length)) != 0;
 
     const char* digits = btoa(number);
     if (std::strcmp(digits, "0") == 0) negative = false;
@@ -47,12 +48,12 @@ const char* NapisZBajtowOpisujacychOgolnie(const uint8_t* bytes, uint8_t first, 
     return StringZwracanyPrzezFunkcje;
 }
 
-int32_t UjemnaLiczbaWKodzieU2(uint8_t* number, uint8_t len) {
-    if (len == 0 || (number[len - 1] & 0x80) == 0) return 0;
+int32_t UjemnaLiczbaWKodzieU2(uint8_t* number, uint8_t length) {
+    if (length == 0 || (number[length - 1] & 0x80) == 0) return 0;
     // The magnitude of a negative number: one less, then every bit turned.
-    for (int i = 0; i < len && number[i]-- == 0; ++i) {
+    for (int i = 0; i < length && number[i]-- == 0; ++i) {
     }
-    for (int i = 0; i < len; ++i) number[i] = static_cast<uint8_t>(~number[i]);
+    for (int i = 0; i < length; ++i) number[i] = static_cast<uint8_t>(~number[i]);
     return 1;
 }
 

@@ -4,18 +4,21 @@
 
 #include <cstdint>
 
+#include "koraxdr.h"
+
 inline constexpr int kRozmiarBuforaWymiany = 256;
 
 extern uint8_t BajtyDoPoslania[kRozmiarBuforaWymiany];  // data bytes, from index 1
 extern uint8_t BajtyOdebrane[kRozmiarBuforaWymiany];    // answer bytes, from index 1
 extern uint8_t NumerBledu;                              // outcome of the last exchange, 0 = success
 
-// The failures of an exchange by their internal numbers, before WartoscNumeruBledu.
-inline constexpr int32_t kBladTimeoutNadawania = 20;
-inline constexpr int32_t kBladTimeoutOdbierania = 21;
-inline constexpr int32_t kBladNiepoprawnaOdpowiedz = 23;
-inline constexpr int32_t kBladNak = 24;
-inline constexpr int32_t kBladPotwierdzenie200 = 26;
+// The failures of an exchange by their internal numbers, before WartoscNumeruBledu. Up to 62 these
+// are the driver's own; the link's and the server's have no name outside.
+inline constexpr int32_t kBladTimeoutNadawania = KORAX_E_SEND_TIMEOUT;
+inline constexpr int32_t kBladTimeoutOdbierania = KORAX_E_RECEIVE_TIMEOUT;
+inline constexpr int32_t kBladNiepoprawnaOdpowiedz = KORAX_E_UNEXPECTED_ANSWER;
+inline constexpr int32_t kBladNak = KORAX_E_REFUSED;
+inline constexpr int32_t kBladPotwierdzenie200 = KORAX_E_DAMAGED;
 inline constexpr int32_t kBladBrakNosnej = 30;
 inline constexpr int32_t kBladZapisDoModemu = 32;
 inline constexpr int32_t kBladOdbiorZModemu = 33;
@@ -28,7 +31,7 @@ inline constexpr int32_t kBladZadanieTimeoutuOdbierania = 41;
 inline constexpr int32_t kBladKontrolera = 42;  // its reply code 7
 inline constexpr int32_t kBladNieznanaOdpowiedz = 43;
 inline constexpr int32_t kBladKoniecRamki = 45;
-inline constexpr int32_t kBladSumaXor = 46;
+inline constexpr int32_t kBladSumaXor = KORAX_E_CHECK_SUM;
 inline constexpr int32_t kBladKanal = 52;
 inline constexpr int32_t kBladPierwszaCzescDanych = 53;
 inline constexpr int32_t kBladRozkazSerwera = 54;

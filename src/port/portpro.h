@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "koraxdr.h"
 #include "platform/serial.h"
 
 struct PortRecord {
@@ -22,7 +23,8 @@ inline constexpr int kLiczbaRekordowPortow = 2;
 extern PortRecord TablicaPortow[kLiczbaRekordowPortow];
 extern uint32_t PortSelector;  // index of the record in force, 1
 
-inline constexpr uint32_t kBrakOtwartegoPortu = 2;  // result of an operation on a closed port
+inline constexpr uint32_t kBrakOtwartegoPortu =
+    KORAX_E_PORT;  // result of an operation on a closed port
 
 // 0 on success, else the system's error number.
 uint32_t InitializePort(uint32_t port, uint32_t baud, int32_t write_timeout_s,

@@ -36,8 +36,9 @@ bool Cyfra(char c) {
     return c >= '0' && c <= '9';
 }
 
-// Reads the width behind %d or %s. Of two digits the first is the units and the second the tens,
-// so "%d12" asks for 21; existing formats rely on it.
+// Reads the width behind %d or %s.
+// Oddity: Widths in trace formats are reversed. Of two digits the first is the units and the second
+// the tens, so "%d12" asks for 21; existing formats rely on it.
 const char* OdczytajSzerokosc(const char* text, uint32_t& width) {
     if (!Cyfra(*text)) return text;
     width = static_cast<uint32_t>(*text++ - '0');
@@ -70,8 +71,8 @@ int RozlozFormat(const char* format) {
     }
 }
 
-// The line is itself used as a format, so a '%' that came in through an argument is interpreted
-// here. It then finds these instead of arguments that were never passed.
+// Oddity: A trace line is itself a format. A '%' that came in through an argument is interpreted, as
+// it has always been; it finds these instead of arguments that were never passed.
 void WypiszJakoFormat(const char* line) {
     static char none[16];
     std::memset(none, 0, sizeof none);
@@ -89,7 +90,7 @@ void Printf(int32_t ignored, const char* format, ...) {
     (void)ignored;
     Buf[0] = '\0';
     S[0] = '\0';
-    char fileName[64] = "debug.txt";
+    char file_name[64] = "debug.txt";
 
     const int count = RozlozFormat(format);
     if (count < 0) {
@@ -101,7 +102,7 @@ void Printf(int32_t ignored, const char* format, ...) {
     if (std::strchr(format, '%') == nullptr) {
         Dopisz(Buf, format);
         WypiszJakoFormat(Buf);
-        ToFile(fileName, Buf);
+        ToFile(file_name, Buf);
         return;
     }
 
@@ -125,9 +126,11 @@ void Printf(int32_t ignored, const char* format, ...) {
                 Dopisz(Buf, segment.literal);
                 break;
             case 'F':  // the text behind it is dropped
-                Dopisz(fileName, va_arg(values, const char*));
+                Dopisz(file_name, va_arg(values, const char*));
                 break;
-            case 'c':  // left unusable on purpose: nobody has ever asked for a single character
+            case 'c':
+                // Oddity: %c in a trace format ends the program. Nobody has ever asked for a single
+                // character, and one that begins to is to see it at once.
                 __builtin_trap();
             default:  // takes no value, and the text behind it is dropped
                 break;
@@ -136,14 +139,15 @@ void Printf(int32_t ignored, const char* format, ...) {
     va_end(values);
 
     WypiszJakoFormat(Buf);
-    ToFile(fileName, Buf);
-    std::getchar();  // on a console the reader confirms each line with Enter
+    ToFile(file_name, Buf);
+    // Oddity: The trace waits for Enter. On a console the reader confirms each line.
+    std::getchar();
     std::fflush(stdout);
-    ToFile(fileName, "");  // an empty line behind the entry
+    ToFile(file_name, "");  // an empty line behind the entry
 }
 
-void ToFile(const char* fileName, const char* text) {
-    std::FILE* file = std::fopen(fileName, "a");
+void ToFile(const char* file_name, const char* text) {
+    std::FILE* file = std::fopen(file_name, "a");
     if (file == nullptr) return;
     char line[296] = "";
     Dopisz(line, text);

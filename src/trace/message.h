@@ -8,4 +8,4 @@
 void Printf(int32_t ignored, const char* format, ...);
 
 // Appends the text and a line break to the file; a file that cannot be opened is passed over.
-void ToFile(const char* fileName, const char* text);
+void ToFile(const char* file_name, const char* text);
