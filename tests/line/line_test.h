@@ -18,7 +18,9 @@
 class PseudoTerminal {
   public:
     PseudoTerminal() {
-        EXPECT_EQ(grantpt(master) | unlockpt(master) | ptsname_r(master, name, sizeof name), 0);
+        EXPECT_EQ(grantpt(master), 0);
+        EXPECT_EQ(unlockpt(master), 0);
+        EXPECT_EQ(ptsname_r(master, name, sizeof name), 0);
         slave = open(name, O_RDWR | O_NOCTTY | O_CLOEXEC);
     }
     ~PseudoTerminal() {

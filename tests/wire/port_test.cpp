@@ -3,8 +3,6 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include <sstream>
-
 #include "port/device_server.h"
 #include "port/sockpro.h"
 #include "support/driver_test.h"
@@ -38,11 +36,17 @@ TEST_F(Port, FullOpenSettlesThenSetsParityAndChannel) {
     UstawieniePozostawiacOtwartyPortSzeregowy(0);
     EXPECT_EQ(os.TakeCalls(), kClose);
 
-    EXPECT_EQ(SetSerialParameters() + ClearPort(), 4u);
+    // A closed port refuses everything.
     uint8_t byte = 0;
-    EXPECT_FALSE(WriteByte(1) || ReadByte(byte) || PoslanoCiagBajtow1(&byte, 1) || SetDTRLine() ||
-                 ClearRTSLine() || ChangeParity(0) || ModemStatus() != 0)
-        << "a closed port refuses everything";
+    EXPECT_EQ(SetSerialParameters(), 2u);
+    EXPECT_EQ(ClearPort(), 2u);
+    EXPECT_EQ(ModemStatus(), 0);
+    EXPECT_FALSE(WriteByte(1));
+    EXPECT_FALSE(ReadByte(byte));
+    EXPECT_FALSE(SetDTRLine());
+    EXPECT_FALSE(ClearRTSLine());
+    EXPECT_FALSE(ChangeParity(0));
+    EXPECT_EQ(os.TakeCalls(), "pause 50");
 }
 
 TEST_F(Port, SpeedChoosesNivoParityAndTheCharacterWait) {
@@ -53,7 +57,8 @@ TEST_F(Port, SpeedChoosesNivoParityAndTheCharacterWait) {
         InicjujKompletniePortSzeregowyDlaNivy();
         EXPECT_EQ(os.settings.parity, parity);
         EXPECT_TRUE(os.settings.cts_flow_control);
-        EXPECT_EQ(SygnalizowacBledyParzystosci + KontrolowacStanLiniiCTS, 0);
+        EXPECT_EQ(SygnalizowacBledyParzystosci, 0);
+        EXPECT_EQ(KontrolowacStanLiniiCTS, 0);
         os.now_ms = 0;
         CharSent();
         EXPECT_EQ(os.now_ms, wait) << baud;
@@ -66,19 +71,24 @@ TEST_F(Port, ParityAndLines) {
     EXPECT_EQ(os.TakeCalls(), "purge out; purge in; pause 50; apply 9600 8O1 cts w3 r3; pause 100");
     os.modem_lines[0] = 0xFF;
     EXPECT_EQ(ModemStatus(), 0xF0);
-    EXPECT_TRUE(SetDTRLine() && ClearDTRLine() && SetRTSLine() && ClearRTSLine());
+    EXPECT_TRUE(SetDTRLine());
+    EXPECT_TRUE(ClearDTRLine());
+    EXPECT_TRUE(SetRTSLine());
+    EXPECT_TRUE(ClearRTSLine());
     EXPECT_EQ(os.TakeCalls(), "modem lines; DTR on; DTR off; RTS on; RTS off");
     OdinicjujPortSzeregowy();
     os.calls.clear();
-    EXPECT_FALSE(pInitializeLPTPort(2, 9600, 3, -3) || UnInitializePort());
+    EXPECT_EQ(pInitializeLPTPort(2, 9600, 3, -3), 0u);
+    EXPECT_EQ(UnInitializePort(), 0u);
     EXPECT_EQ(os.TakeCalls(), "open LPT2; pause 100; apply 9600 8E1 cts w3 r0; pause 100; close");
 }
 
 const std::string kApplied = " 8E1 cts w3 r3; pause 100";
 
-constexpr const char* kSpeeds =
-    "150 PBR8 300 PBR9 600 PBR10 1200 PBR0 2400 PBR1 4800 PBR2 9600 PBR3 19200 PBR4 28800 PBR11 "
-    "38400 PBR5 57600 PBR6 115200 PBR7 14400 -";
+const std::pair<int32_t, std::string> kSpeeds[] = {
+    {150, "PBR8 "},   {300, "PBR9 "},   {600, "PBR10 "},  {1200, "PBR0 "},  {2400, "PBR1 "},
+    {4800, "PBR2 "},  {9600, "PBR3 "},  {14400, ""},      {19200, "PBR4 "}, {28800, "PBR11 "},
+    {38400, "PBR5 "}, {57600, "PBR6 "}, {115200, "PBR7 "}};
 
 class Channel : public DriverTest {
   protected:
@@ -105,7 +115,8 @@ TEST_F(Channel, SelectedByLinesOrRawBytes) {
         for (int kind : {1, 5, 255})
             EXPECT_EQ(Open(kind, channel), std::string(lines[channel]) + "pause 1");
     os.vanished = true;
-    EXPECT_FALSE(UstawionoKanal(2) || UstawionoSzybkosc(9600));
+    EXPECT_FALSE(UstawionoKanal(2));
+    EXPECT_FALSE(UstawionoSzybkosc(9600));
     EXPECT_EQ(Open(4, 0x102, ">FE02"), "RTS on; RTS off");
     for (uint32_t bytes : {0u, 1u}) {
         os.writable_bytes = bytes;
@@ -133,7 +144,8 @@ TEST_F(Channel, SelectedBySequence) {
 }
 
 TEST_F(Channel, InertDeviceServerMovesNothing) {
-    EXPECT_TRUE(TibboWykonalo3Rozkazy("", "", "") && ZamknietoGniazdoTransmisji());
+    EXPECT_TRUE(TibboWykonalo3Rozkazy("", "", ""));
+    EXPECT_TRUE(ZamknietoGniazdoTransmisji());
     EXPECT_FALSE(UstawionoSzybkoscLubKanalTibbo("127.0.0.1", 1, 9600, true)) << "no 'A' comes";
     EXPECT_EQ(NumerBledu, 65);
     NumerBledu = 0;
@@ -172,10 +184,7 @@ TEST_F(Channel, DeviceServerIsProgrammed) {
     });
     const std::string first = "R PS11 PS31 ";
     const char* channels[] = {"", "PS00 PS11 ", "PS00 PS10 ", "PS01 PS11 ", "PS01 PS10 ", ""};
-    int32_t baud = 0;
-    std::string command;
-    for (std::istringstream rows(kSpeeds); rows >> baud >> command; command.clear()) {
-        command = command == "-" ? "" : command + " ";
+    for (const auto& [baud, command] : kSpeeds) {
         for (int32_t channel = 0; channel <= 5; ++channel)
             EXPECT_EQ(program(channel, baud, true), first + channels[channel] + command);
         EXPECT_EQ(program(1, baud, false), first + command);
@@ -190,7 +199,8 @@ TEST_F(Channel, DeviceServerIsProgrammed) {
     refusal = 0;
     commands.clear();
     SzybkoscTransmisji = 19200;
-    EXPECT_TRUE(UstawionoKanal(2) && UstawSzybkoscTransmisji());
+    EXPECT_TRUE(UstawionoKanal(2));
+    EXPECT_TRUE(UstawSzybkoscTransmisji());
     EXPECT_EQ(commands, first + "PS00 PS10 PBR4 " + first + "PBR4 ");
     NumerBledu = 24;
     EXPECT_FALSE(TibboWykonalo1Rozkaz("R")) << "not connected";
