@@ -207,7 +207,8 @@ extern "C" {
  * Errors: 2 KORAX_E_PORT, 114 KORAX_E_NO_PORT_NUMBER (port 0 while no port is in force), those of
  * PrintControl and DeviceType. After a failure the port is closed and the port number forgotten:
  * functions that start a session then fail with 2, once, and with 114 until the next
- * CommunicationInit; those that start none with 20. Opening takes about a third of a second. */
+ * CommunicationInit; those that start none with 20, or 213 since the type is forgotten. Opening
+ * takes about a third of a second. */
 KORAX_API int32_t KORAX_CALL CommunicationInit(int32_t Port, int32_t BaudRate, int32_t Timeout);
 
 /* The session start that every function uses, with the speed and the time-out of the last

@@ -412,7 +412,8 @@ def CommunicationInit(Port: int, BaudRate: int, Timeout: int) -> None:
     Errors: 2 KORAX_E_PORT, 114 KORAX_E_NO_PORT_NUMBER (port 0 while no port is in force), those of
     PrintControl and DeviceType. After a failure the port is closed and the port number forgotten:
     functions that start a session then fail with 2, once, and with 114 until the next
-    CommunicationInit; those that start none with 20. Opening takes about a third of a second."""
+    CommunicationInit; those that start none with 20, or 213 since the type is forgotten. Opening
+    takes about a third of a second."""
     _checked("CommunicationInit", _int32("Port", Port), _int32("BaudRate", BaudRate),
         _int32("Timeout", Timeout))
 
