@@ -18,7 +18,9 @@ int32_t Shop::Sell(const std::string& name, int32_t rate, int32_t quantity, int3
 
 void Shop::ExpectReceipt() {
     const int before = device().receipt_counter();
-    EXPECT_FALSE(ReceiptBegin() || SellBread() || ReceiptEnd(0));
+    EXPECT_EQ(ReceiptBegin(), 0);
+    EXPECT_EQ(SellBread(), 0);
+    EXPECT_EQ(ReceiptEnd(0), 0);
     EXPECT_EQ(device().receipt_counter(), before + 1);
     EXPECT_EQ(receipt().total, 375);
     EXPECT_EQ(receipt().sales.size(), 1u);
