@@ -70,7 +70,8 @@ void ExpectSane(const Device& device) {
     const sim::Receipt& receipt = device.receipt();
     EXPECT_EQ(receipt.total,
               std::accumulate(receipt.totals.begin(), receipt.totals.end(), std::int64_t{0}));
-    EXPECT_TRUE(receipt.total >= 0 && receipt.total <= 999'999'999);
+    EXPECT_GE(receipt.total, 0);
+    EXPECT_LE(receipt.total, 999'999'999);
     for (const sim::PaperLine& line : device.paper()) {
         EXPECT_LE(sim::Width(line.text), static_cast<std::size_t>(sim::kPaperColumns));
         EXPECT_TRUE(std::ranges::none_of(line.text, [](char c) { return c >= 0 && c < ' '; }));

@@ -72,9 +72,9 @@ std::string ReceiptState() {
     if (FakturaRozpoczeta) words += " invoice";
     if (PierwszaPozycjaSprzedazy) words += " first";
     if (WydrukowanychLiniiPar) words += " lines=" + std::to_string(WydrukowanychLiniiPar);
-    for (int rate = 1; rate <= 7; ++rate) {
+    for (int rate = 0; rate <= 7; ++rate) {  // 0: there is no such rate
         if (Total[rate] != 0)
-            words += std::string(" ") + "ABCDEFG"[rate - 1] + "=" + std::to_string(Total[rate]);
+            words += std::string(" ") + "@ABCDEFG"[rate] + "=" + std::to_string(Total[rate]);
     }
     if (Optimize) words += " optimised";
     return words.empty() ? words : words.substr(1);

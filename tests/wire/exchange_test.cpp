@@ -1,4 +1,5 @@
 // One control-sequence exchange: bytes, lengths, command-specific rules, failures.
+#include "engine/xorpro.h"
 #include "support/driver_test.h"
 
 namespace {
@@ -188,6 +189,20 @@ TEST_F(Exchange, OptimizedDataLeaveInOneWriteAndStaleInputIsDiscardedFirst) {
     EXPECT_EQ(LicznikBajtowOdebranych, 3);
     EXPECT_EQ(std::exchange(os.discarded_bytes, 0), 2u);
     EXPECT_EQ(os.TakeCalls(), "purge out; purge in");
+}
+
+TEST_F(Exchange, CheckSumsOfReceivedBytesAreVerified) {
+    const struct {
+        uint8_t first, count;
+        int error;
+    } cases[] = {{1, 3, 0}, {1, 2, 46}, {1, 0, 46}, {253, 3, 0}, {254, 3, 46}};
+    for (const auto& [first, count, error] : cases) {
+        std::ranges::copy(FromText("010203"), BajtyOdebrane + 1);
+        std::ranges::copy(FromText("010203"), BajtyOdebrane + 253);
+        NumerBledu = 0;
+        SprawdzSumeXORBajtowOdebranych(0, first, count);
+        EXPECT_EQ(NumerBledu, error) << int{first} << " and " << int{count};
+    }
 }
 
 TEST_F(Exchange, NivoNeedsItsKeyboardHardware) {

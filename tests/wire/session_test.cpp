@@ -7,7 +7,8 @@ namespace {
 struct Defaults {
     int port = NrPortu, baud = SzybkTrans, timeout_s = Timeouty, type = Urzadzenie, version = Prog,
         last_line = AdditionalLines[6].number, read_timeout_s = TimeoutOdbierania,
-        parity = ParzystoscTransmisji;
+        parity = ParzystoscTransmisji, session_port = NumerPortuDrukarki, code_page = CodePage1250,
+        optimised = Optimize, debug_mode = DebugMode;
 };
 const Defaults as_loaded;
 
@@ -20,6 +21,10 @@ TEST(LoadedLibrary, HasItsDefaults) {
     EXPECT_EQ(as_loaded.last_line, -1);
     EXPECT_EQ(as_loaded.read_timeout_s, 3);
     EXPECT_EQ(as_loaded.parity, 2);
+    EXPECT_EQ(as_loaded.session_port, 0);
+    EXPECT_EQ(as_loaded.code_page, 0);
+    EXPECT_EQ(as_loaded.optimised, 0);
+    EXPECT_EQ(as_loaded.debug_mode, 0);
 }
 
 class SessionStart : public DriverTest {

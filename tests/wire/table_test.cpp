@@ -215,6 +215,7 @@ class CallTable : public DriverTest, public testing::WithParamInterface<Case> {
             last_error = std::stoi(expected.back());
             expected.resize(expected.size() - 2);
         }
+        const uint64_t start_ms = os.now_ms;
         const Outcome outcome =
             DriverTest::Call(columns.size() > 1 ? Trimmed(columns[1]) : "", CallByText, call_);
         expected.resize(std::max(expected.size(), outcome.values.size()), "-");
@@ -225,6 +226,10 @@ class CallTable : public DriverTest, public testing::WithParamInterface<Case> {
         }
         EXPECT_EQ(expected.size(), outcome.values.size()) << "cells of " << call_;
         EXPECT_EQ(outcome.last_error, last_error) << "the last error of " << call_;
+        if (expected[0] == "20") {
+            EXPECT_LE(os.now_ms - start_ms, 1000u * static_cast<uint32_t>(TimeoutNadawania))
+                << "nothing is tried after bytes that could not be sent: " << call_;
+        }
         if (columns.size() > 2) {
             EXPECT_EQ(ReceiptState(), Trimmed(columns[2])) << call_;
         }
