@@ -16,6 +16,12 @@
 //                               nothing is returned but a value); the exchanges; the receipt's
 //                               state afterwards where it matters
 //     ... = RESULT | ...        the call before once more
+//     exchange ACK DATA ANSWER MODE = RESULT BYTES | CONVERSATION
+//                               an exchange of the engine with the conversation's first byte as the
+//                               command: bytes answered right after it, data, bytes answered after
+//                               them (mode 0 where none is given); the error number, and what is
+//                               found in the buffer from index 1
+//     asked open COM2; ...      what was first asked of the operating system since the last time
 //
 // $ready, $stopped, $identify:10:3, $page:10:3:2 and $begin:10:3:2 are the script's conversations;
 // $type is the type of `each`, $who its identification.
@@ -93,6 +99,7 @@ const std::map<std::string, std::function<int(const int*)>> kVariables = {
     VARIABLE(ErrorLastError),
     VARIABLE(FakturaRozpoczeta),
     VARIABLE(KomunikacjaInit),
+    VARIABLE(KontrolowacStanLiniiCTS),
     VARIABLE(NrMultipleksera),
     VARIABLE(NrPortu),
     VARIABLE(NumerBledu),
@@ -107,6 +114,10 @@ const std::map<std::string, std::function<int(const int*)>> kVariables = {
     VARIABLE(Urzadzenie),
     VARIABLE(WydrukowanychLiniiPar),
     VARIABLE(WyliczonaWartoscPoz),
+    {"Model", Access(SzczegoloweDaneOTypieUrzadzenia.type_code)},
+    {"OpenError", Access(os.open_error)},
+    {"SettingsError", Access(os.settings_error)},
+    {"LineOpen", Access(os.line_open)},
     {"A", Access(Total[1])},
     {"B", Access(Total[2])},
     {"C", Access(Total[3])},
@@ -196,6 +207,9 @@ class CallTable : public DriverTest, public testing::WithParamInterface<Case> {
             std::ranges::copy(FromText(words.at(1)), BajtyDoPoslania + 1);
         } else if (words[0] == "received") {
             std::ranges::copy(FromText(words.at(1)), BajtyOdebrane + 1);
+        } else if (words[0] == "asked") {
+            const std::string expected = Trimmed(line.substr(words[0].size()));
+            EXPECT_EQ(os.TakeCalls().substr(0, expected.size()), expected);
         } else if (words[0] == "let") {
             defined_[words.at(1)] = Trimmed(line.substr(line.find('=') + 1));
         } else {
@@ -216,8 +230,9 @@ class CallTable : public DriverTest, public testing::WithParamInterface<Case> {
             expected.resize(expected.size() - 2);
         }
         const uint64_t start_ms = os.now_ms;
-        const Outcome outcome =
-            DriverTest::Call(columns.size() > 1 ? Trimmed(columns[1]) : "", CallByText, call_);
+        const std::string conversation = columns.size() > 1 ? Trimmed(columns[1]) : "";
+        if (call_.starts_with("exchange ")) return Exchange(conversation, expected);
+        const Outcome outcome = DriverTest::Call(conversation, CallByText, call_);
         expected.resize(std::max(expected.size(), outcome.values.size()), "-");
         for (std::size_t i = 0; i < outcome.values.size(); ++i) {
             const auto& [is_text, written] = outcome.values[i];
@@ -232,6 +247,29 @@ class CallTable : public DriverTest, public testing::WithParamInterface<Case> {
         }
         if (columns.size() > 2) {
             EXPECT_EQ(ReceiptState(), Trimmed(columns[2])) << call_;
+        }
+    }
+
+    void Exchange(const std::string& conversation, const std::vector<std::string>& expected) {
+        const std::vector<std::string> words = Words(call_);
+        const Bytes data = FromText(words.at(2));
+        std::ranges::copy(data, BajtyDoPoslania + 1);
+        const auto byte = [&](std::size_t i) {
+            return static_cast<uint8_t>(words.size() > i ? std::stoi(words[i]) : 0);
+        };
+        const bool sent = conversation.find_first_of("<>") > 0 && !conversation.empty();
+        const uint8_t command = sent ? FromText(conversation.substr(0, 2))[0] : 0xD5;
+        NumerBledu = 0;
+        DriverTest::Call(conversation, [&] {
+            OgolnePoslanieSekwencjiSterujacej(byte(4), command, byte(1),
+                                              static_cast<uint8_t>(data.size()), byte(3));
+            return 0;
+        });
+        EXPECT_EQ(NumerBledu, std::stoi(expected.at(0)));
+        EXPECT_EQ(WTrakcieSekwencjiSterujacej, 0);
+        if (expected.size() > 1) {
+            const Bytes landed = FromText(expected[1]);
+            EXPECT_EQ(Hex({BajtyOdebrane + 1, BajtyOdebrane + 1 + landed.size()}), Hex(landed));
         }
     }
 
