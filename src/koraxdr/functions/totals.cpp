@@ -55,8 +55,8 @@ int32_t RozpocznijOdczytSum() {
 // Oddity: The wrong rate is tested for use. The total is named by the selector's first character,
 // the tested rate by its second.
 bool WybranaStawkaNieuzywana(const VatRates& rates, const char* selector) {
-    const int error = selector[0] == '\0' ? 0 : selector[1] & 7;
-    return error != 0 && rates.rates[error - 1] == KORAX_RATE_NOT_USED;
+    const int rate_number = selector[0] == '\0' ? 0 : selector[1] & 7;
+    return rate_number != 0 && rates.rates[rate_number - 1] == KORAX_RATE_NOT_USED;
 }
 
 void ZapiszWybranaSume(const RateTotals& totals, const char* selector, char* buffer) {
