@@ -7,7 +7,7 @@ uint8_t NumerBledu = 0;
 namespace {
 
 // Runs of internal numbers that are shown as runs of driver numbers.
-// Oddity: Error 106 is never reported. The numbers follow the device's status bytes, and status 6
+// Oddity: No exchange gives 106. The numbers follow the device's status bytes, and status 6
 // is none: it is the byte of the acknowledgement.
 struct NumberRun {
     uint8_t first, last;
