@@ -76,6 +76,16 @@ TEST_F(Exchange, OptimizedDataLeaveInOneWriteAndStaleInputIsDiscardedFirst) {
     EXPECT_EQ(os.TakeCalls(), "purge out; purge in");
 }
 
+TEST_F(Exchange, IsMarkedWhileItGoesOn) {
+    struct Observer : memory::Peer {
+        uint8_t mark = 0;
+        void HostSent(const Bytes&) override { mark = WTrakcieSekwencjiSterujacej; }
+    } observer;
+    os.peer = &observer;
+    Run("", 0, "", 0);
+    EXPECT_EQ(observer.mark, 1);
+}
+
 TEST_F(Exchange, CheckSumsOfReceivedBytesAreVerified) {
     const struct {
         uint8_t first, count;
