@@ -2,49 +2,24 @@
 
 #include <algorithm>
 
-#include "links/msgqueue.h"
-#include "numbers/konwers.h"
+#include "support/variables.h"
 #include "port/device_server.h"
-#include "port/sockpro.h"
 
 void ResetDriver() {
     PozostawiacOtwartyPortSzeregowy = 0;
     CommunicationEnd();
     os = {};
-    // The session.
-    ErrorLastError = MsgID = ProcessIDFromFile = 0;
-    NumerPortuDrukarki = Optimize = CodePage1250 = DebugMode = KomunikacjaInit = 0;
-    SzybkTrans = SzybkoscTransmisji = 9600;
-    Timeouty = 5;
-    Urzadzenie = 13;
-    Prog = 1;
+    for (const auto& [name, variable] : Variables()) variable.set(variable.loaded);
     ZmiennaDodatkowaDlaTypuX[0] = NazwaFunkcji[0] = '\0';
-    // The receipt.
-    ParagonRozpoczety = FakturaRozpoczeta = PierwszaPozycjaSprzedazy = WydrukowanychLiniiPar = 0;
-    SposobZaokraglania = WyliczonaWartoscPoz = OstatniaStawka = 0;
+    SzczegoloweDaneOTypieUrzadzenia = {};
     std::ranges::fill(Total, 0);
     std::ranges::fill(Payments, PaymentSlot{});
     std::ranges::fill(AdditionalLines, LineSlot{});
     std::ranges::fill(Control, ControlSlot{});
     CP1 = {};
     CP2 = {};
-    // The exchange.
     std::ranges::fill(BajtyDoPoslania, uint8_t{0});
     std::ranges::fill(BajtyOdebrane, uint8_t{0});
-    NumerBledu = RetransmitowacSekwencjeSterujaca = PierwszaSekwencjaSterujaca = 0;
-    LicznikPoslanychSekwencjiSterujacych = CoIleSygnalizowacLicznikPoslanychSekwencji = 0;
-    LicznikOdczytanychLiniiZPlikuWejsciowego = LicznikZapisanychLiniiDoPlikuWyjsciowego = 0;
-    FunkcjaWStanieUspienia = DebugowacDzialanieFunkcji = KomunikacjaDlaNivy = 0;
-    WymaganySprzetDoFunkcjiSpecjalnych = 1;
-    SzczegoloweDaneOTypieUrzadzenia = {};
-    f_konwersja = 0;
-    // The port.
-    ParzystoscTransmisji = 2;
-    TimeoutNadawania = TimeoutOdbierania = 3;
-    NrPortu = KontrolowacStanLiniiCTS = SygnalizowacBledyParzystosci = 1;
-    BylTimeout = LicznikBajtowOdebranych = TransmisjaPrzezModem = TransmisjaPrzezTCP = 0;
-    NrMultipleksera = 0;
-    NrKanalu = 1;
 }
 
 void DriverTest::Fresh() {

@@ -1,48 +1,16 @@
 // Opening and closing the port, the session start, what the globals hold afterwards.
 #include "support/driver_test.h"
+#include "support/variables.h"
 
 namespace {
 
-// Taken before any test has run: variables that are not as they should be.
-std::string Differing() {
-    std::string names;
-    const auto expect = [&](const char* name, int64_t value, int64_t expected) {
-        if (value != expected) names += std::string(name) + " ";
-    };
-    expect("AdditionalLines[6].number", AdditionalLines[6].number, -1);
-    expect("CodePage1250", CodePage1250, 0);
-    expect("CoIleSygnalizowacLicznikPoslanychSekwencji", CoIleSygnalizowacLicznikPoslanychSekwencji,
-           0);
-    expect("DebugMode", DebugMode, 0);
-    expect("DebugowacDzialanieFunkcji", DebugowacDzialanieFunkcji, 0);
-    expect("DlaczegoNiemozliwaFunkcjaSpecjalna", DlaczegoNiemozliwaFunkcjaSpecjalna, 0);
-    expect("FakturaRozpoczeta", FakturaRozpoczeta, 0);
-    expect("KomunikacjaDlaNivy", KomunikacjaDlaNivy, 0);
-    expect("KomunikacjaInit", KomunikacjaInit, 0);
-    expect("LicznikZapisanychLiniiDoPlikuWyjsciowego", LicznikZapisanychLiniiDoPlikuWyjsciowego, 0);
-    expect("NrPortu", NrPortu, 1);
-    expect("NumerPortuDrukarki", NumerPortuDrukarki, 0);
-    expect("Optimize", Optimize, 0);
-    expect("ParagonRozpoczety", ParagonRozpoczety, 0);
-    expect("ParzystoscTransmisji", ParzystoscTransmisji, 2);
-    expect("PierwszaPozycjaSprzedazy", PierwszaPozycjaSprzedazy, 0);
-    expect("PierwszaSekwencjaSterujaca", PierwszaSekwencjaSterujaca, 0);
-    expect("Prog", Prog, 1);
-    expect("RetransmitowacSekwencjeSterujaca", RetransmitowacSekwencjeSterujaca, 0);
-    expect("SposobZaokraglania", SposobZaokraglania, 0);
-    expect("SzybkTrans", SzybkTrans, 9600);
-    expect("Timeouty", Timeouty, 5);
-    expect("TimeoutNadawania", TimeoutNadawania, 3);
-    expect("TimeoutOdbierania", TimeoutOdbierania, 3);
-    expect("Urzadzenie", Urzadzenie, 13);
-    expect("WydrukowanychLiniiPar", WydrukowanychLiniiPar, 0);
-    expect("WymaganySprzetDoFunkcjiSpecjalnych", WymaganySprzetDoFunkcjiSpecjalnych, 1);
-    return names;
-}
-const std::string differing_as_loaded = Differing();
+// Taken before any test has run.
+const std::string changed_as_loaded = ChangedVariables();
+const int32_t last_line_as_loaded = AdditionalLines[6].number;
 
 TEST(LoadedLibrary, HasItsDefaults) {
-    EXPECT_EQ(differing_as_loaded, "");
+    EXPECT_EQ(changed_as_loaded, "");
+    EXPECT_EQ(last_line_as_loaded, -1);
 }
 
 using SessionStart = DriverTest;

@@ -31,9 +31,9 @@
 #include <functional>
 #include <map>
 
-#include "port/sockpro.h"
 #include "support/calls.h"
 #include "support/driver_test.h"
+#include "support/variables.h"
 
 namespace {
 
@@ -83,53 +83,22 @@ std::string NameOf(const testing::TestParamInfo<Case>& info) {
     return name;
 }
 
-// The variables that tables may set and look at.
-template <class Variable>
-std::function<int(const int*)> Access(Variable& variable) {
-    return [&variable](const int* value) {
-        if (value != nullptr) variable = static_cast<Variable>(*value);
-        return static_cast<int>(variable);
-    };
+// A variable of the driver by its name, a total by its rate's letter, and some of the platform's.
+template <class Value>
+Variable Access(Value& value) {
+    return {[&value] { return static_cast<int64_t>(value); },
+            [&value](int64_t given) { value = static_cast<Value>(given); }, 0};
 }
 
-#define VARIABLE(name) \
-    { #name, Access(name) }
-const std::map<std::string, std::function<int(const int*)>> kVariables = {
-    VARIABLE(CodePage1250),
-    VARIABLE(ErrorLastError),
-    VARIABLE(FakturaRozpoczeta),
-    VARIABLE(KomunikacjaInit),
-    VARIABLE(KontrolowacStanLiniiCTS),
-    VARIABLE(NrMultipleksera),
-    VARIABLE(NrPortu),
-    VARIABLE(NumerBledu),
-    VARIABLE(NumerPortuDrukarki),
-    VARIABLE(Optimize),
-    VARIABLE(OstatniaStawka),
-    VARIABLE(ParagonRozpoczety),
-    VARIABLE(PierwszaPozycjaSprzedazy),
-    VARIABLE(Prog),
-    VARIABLE(SposobZaokraglania),
-    VARIABLE(TimeoutNadawania),
-    VARIABLE(Urzadzenie),
-    VARIABLE(WydrukowanychLiniiPar),
-    VARIABLE(WyliczonaWartoscPoz),
-    {"Model", Access(SzczegoloweDaneOTypieUrzadzenia.type_code)},
-    {"OpenError", Access(os.open_error)},
-    {"SettingsError", Access(os.settings_error)},
-    {"LineOpen", Access(os.line_open)},
-    {"A", Access(Total[1])},
-    {"B", Access(Total[2])},
-    {"C", Access(Total[3])},
-    {"E", Access(Total[5])},
-    {"G", Access(Total[7])},
-    // How many bytes still leave the port.
-    {"WritableBytes",
-     [](const int* value) {
-         if (value != nullptr) os.writable_bytes = static_cast<uint32_t>(*value);
-         return static_cast<int>(os.writable_bytes.value_or(0));
-     }},
-};
+Variable VariableNamed(const std::string& name) {
+    if (name.size() == 1) return Access(Total[name[0] - '@']);
+    if (name == "Model") return Access(SzczegoloweDaneOTypieUrzadzenia.type_code);
+    if (name == "OpenError") return Access(os.open_error);
+    if (name == "SettingsError") return Access(os.settings_error);
+    if (name == "LineOpen") return Access(os.line_open);
+    if (name == "WritableBytes") return Access(os.writable_bytes.emplace());  // they still leave
+    return Variables().at(name);
+}
 
 std::vector<int> Types(const std::vector<std::string>& words) {
     std::vector<int> types;
@@ -199,10 +168,9 @@ class CallTable : public DriverTest, public testing::WithParamInterface<Case> {
         } else if (words[0] == "receipt") {
             OpenReceipt(number(1, 0), number(2, 3), number(3, 0));
         } else if (words[0] == "set") {
-            const int value = number(2, 0);
-            kVariables.at(words.at(1))(&value);
+            VariableNamed(words.at(1)).set(number(2, 0));
         } else if (words[0] == "expect") {
-            EXPECT_EQ(kVariables.at(words.at(1))(nullptr), number(2, 0)) << words[1];
+            EXPECT_EQ(VariableNamed(words.at(1)).get(), number(2, 0)) << words[1];
         } else if (words[0] == "sent") {
             std::ranges::copy(FromText(words.at(1)), BajtyDoPoslania + 1);
         } else if (words[0] == "received") {
