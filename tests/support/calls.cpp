@@ -169,6 +169,7 @@ Callable Bind(Result (*function)(Parameters...)) {
             [&](auto&... argument) {
                 AddResult(outcome, function(argument.value()...));
                 outcome.last_error = LastError();
+                EXPECT_EQ(LastError(), 0) << "it is read once";
                 (argument.AddTo(outcome), ...);
             },
             arguments);

@@ -21,12 +21,52 @@ TEST(Numbers, PackingLeavesTheLeadingByteAndCountsBytesFromOne) {
     for (uint8_t n = 0; n <= 5; ++n) EXPECT_EQ(BajtZLiczby(n, 0x12345678), expected[n]) << n;
 }
 
+TEST(Numbers, ArithmeticCarriesFromByteToByte) {
+    const struct {
+        const char* name;
+        void (*calculate)(uint8_t*);
+        const char *number, *result;
+        int fault;
+    } cases[] = {
+        {"twice", [](uint8_t* p) { mul2(p, 4); }, "8081017F", "000303FE", 0},
+        {"twice too large", [](uint8_t* p) { mul2(p, 4); }, "00000080", "00000000", 2},
+        {"half", [](uint8_t* p) { div2(p, 4); }, "01030181", "80818040", 0},
+        {"sum", [](uint8_t* p) { add(p, p + 4, 1, 4); }, "FF80FF0100800001", "00010003", 0},
+        {"sum too large", [](uint8_t* p) { add(p, p + 4, 0, 4); }, "000000FF00000001", "00", 2},
+        {"next", [](uint8_t* p) { inc(p, 4); }, "FFFF00FF", "000001FF", 0},
+        {"tenth", div10, "0102030405060708", "004D001A9A80CD00", 0}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Bytes number = FromText(c.number), result = FromText(c.result);
+        f_konwersja = 0;
+        c.calculate(number.data());
+        number.resize(result.size());
+        EXPECT_EQ(Hex(number), Hex(result));
+        EXPECT_EQ(f_konwersja, c.fault);
+    }
+}
+
+TEST(Numbers, AreComparedByTheirDifference) {
+    const struct {
+        const char *left, *right, *difference;
+        int smaller;
+    } cases[] = {
+        {"0001", "0100", "FF00", 0}, {"0100", "0001", "01FF", 1}, {"0505", "0505", "0000", 0}};
+    for (const auto& c : cases) {
+        uint8_t difference[2];
+        EXPECT_EQ(cmp(FromText(c.left).data(), FromText(c.right).data(), difference, 2), c.smaller);
+        EXPECT_EQ(Hex({difference, difference + 2}), Hex(FromText(c.difference))) << c.left;
+    }
+    EXPECT_EQ(get_msb(FromText("0000").data(), 2), -1);
+    EXPECT_EQ(get_msb(FromText("FF02").data(), 2), 9);
+}
+
 TEST(Numbers, DecimalReaderMultipliesBySixteen) {
     const struct {
         const char* text;
         int lowest_byte, fault;
-    } cases[] = {
-        {"12 34", 0x34, 0}, {"12a4", 0x12, 1}, {" ", 0, 0}, {"12345678123456781", 0x81, 2}};
+    } cases[] = {{"12 34", 0x34, 0}, {"90", 0x90, 0}, {"12a4", 0x12, 1},
+                 {" ", 0, 0},        {"8:", 0x08, 1}, {"12345678123456781", 0, 2}};
     for (const auto& [text, lowest_byte, fault] : cases) {
         const uint8_t* read = atob(text);
         EXPECT_EQ(f_konwersja, fault) << text;
@@ -45,6 +85,10 @@ TEST(Numbers, DecimalTextOfBytesWithAndWithoutSign) {
                  {"FFFF", 0, 1, 0, "65535", "-1"},
                  {"05", 0, 0, 2, "0.05", "0.05"},
                  {"FB", 0, 0, 2, "2.51", "-0.05"},
+                 {"00", 0, 0, 2, "0.00", "0.00"},
+                 {"00FF", 0, 1, 0, "65280", "-256"},
+                 {"FFFFFFFFFFFFFF7F", 0, 7, 0, "9223372036854775807", "9223372036854775807"},
+                 {"0000000000000080", 0, 7, 0, "9223372036854775808", "-9223372036854775808"},
                  {"AA3930AA", 1, 2, 2, "123.45", "123.45"}};
     for (const auto& c : cases) {
         const Bytes bytes = FromText(c.bytes);
@@ -62,7 +106,13 @@ TEST(Numbers, TheLargestNumbersStayWithinTheirBuffers) {
     const Bytes all(256, 0xFF);
     EXPECT_LT(std::strlen(NapisZBajtowOpisujacych(all.data(), 0, 255, 255)), 256u);
     EXPECT_LT(std::strlen(NapisZBajtowOpisujacychWKodzieU2(all.data(), 9, 2, 255)), 256u);
-    char text[12];
+    char text[24];
+    KonwersjaLiczbyOsmiobajtowejNaString(FromText("0100000000000001").data(), text);
+    EXPECT_STREQ(text, "72057594037927937");
+    KonwersjaLiczbySzesciobajtowejNaString(FromText("010000000001FFFF").data(), text);
+    EXPECT_STREQ(text, "1099511627777");
+    EXPECT_STREQ(IntToStr(0, text, 1), "0");
+    EXPECT_STREQ(IntToStr(5, text, 3), "005");
     EXPECT_STREQ(NumToStr(static_cast<uint32_t>(-5), text, 0, 'u'), "4294967291");
 }
 
