@@ -19,7 +19,7 @@ class Day : public Shop, public testing::WithParamInterface<int> {
     static bool Served(const std::vector<std::string>& calls, int32_t refusal = 0) {
         bool all = true;
         for (const std::string& call : calls) {
-            const std::string result = CallByText(call).values[0].written;
+            const std::string result = CallByText(call).values.at(0).written;
             EXPECT_TRUE(result == "0" || result == std::to_string(refusal))
                 << call << ": " << result;
             all = all && result == "0";

@@ -15,7 +15,7 @@ struct Outcome {
         std::string written;  // "-" for a cell or buffer that the call left untouched
     };
     std::vector<Value> values;  // the result, then the cells and buffers in their order
-    int32_t last_error;
+    int32_t last_error = 0;
 };
 
 // The words of a line: blanks inside quotes do not part them.
