@@ -24,13 +24,13 @@ std::string Scaled(std::int64_t number, int decimals) {
 
 }  // namespace
 
-void Printer::Put(LineKind kind, std::string text) {
+void Printer::Put(LineKind kind, std::string_view text) {
     PaperLine line{kind, std::string(TrimEnd(text))};
     (faults_.no_paper || halted() ? waiting_ : paper_).push_back(std::move(line));
 }
 
 void Printer::Text(LineKind kind, std::string_view text) {
-    for (std::string& line : Wrap(text, kColumns)) Put(kind, std::move(line));
+    for (const std::string& line : Wrap(text, kColumns)) Put(kind, line);
 }
 
 void Printer::Centred(LineKind kind, std::string_view text) {

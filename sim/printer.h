@@ -31,7 +31,7 @@ class Printer {
     void TearOff() { paper_.clear(); }
 
   private:
-    void Put(LineKind kind, std::string text);
+    void Put(LineKind kind, std::string_view text);
 
     const FaultPanel& faults_;
     std::vector<PaperLine> paper_;

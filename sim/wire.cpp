@@ -172,6 +172,7 @@ bool Wire::DataComplete() const {
 }
 
 void Wire::EndData() {
+    // NOLINTNEXTLINE(clang-analyzer-core.NullDereference): an unknown command is not accepted
     data_.resize(data_.size() - EndOf(command_->data_end).size());
     Execute();
 }

@@ -70,7 +70,7 @@ void SetCodes(Core& core, std::span<const std::uint8_t> cash_register,
               std::span<const std::uint8_t> cashier) {
     CashierCodes& codes = core.cashier_codes;
     codes = {TextOf(core, cash_register), TextOf(core, cashier)};
-    core.Note(fmt::format("register \"{}\", cashier \"{}\"", codes.cash_register, codes.cashier));
+    core.Note(fmt::format(R"(register "{}", cashier "{}")", codes.cash_register, codes.cashier));
 }
 
 Bytes ShortCodes(Core& core, const Record& record) {

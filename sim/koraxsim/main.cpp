@@ -1,7 +1,6 @@
 // koraxsim: a simulated fiscal device on a pseudo-terminal, its paper on standard output.
 #include <fcntl.h>
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 #include <poll.h>
 #include <sys/signalfd.h>
 #include <unistd.h>
@@ -17,7 +16,6 @@
 #include <fstream>
 #include <map>
 #include <optional>
-#include <ranges>
 #include <span>
 #include <string>
 #include <vector>
@@ -267,8 +265,9 @@ class Session {
         for (const std::string& name : panel_.TakeLines()) {
             const auto fault = kFaults.find(name);
             if (fault == kFaults.end()) {
-                errors_.Put(
-                    fmt::format("[faults] {}\n", fmt::join(std::views::keys(kFaults), " ")));
+                std::string known;
+                for (const auto& [word, member] : kFaults) known += " " + word;
+                errors_.Put(fmt::format("[faults]{}\n", known));
                 continue;
             }
             bool& on = device_.faults().*fault->second;

@@ -1,7 +1,6 @@
 #include "sim/koraxsim/pseudo_terminal.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/inotify.h>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
@@ -10,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdlib>
 
 namespace koraxsim {
 namespace {

@@ -225,7 +225,7 @@ void ObsluzOdpowiedz(uint8_t flags, const uint8_t* data, int count) {
 }
 
 void OdkodujOdpowiedz(int body_bytes) {
-    uint8_t body[kRozmiarRamki];
+    uint8_t body[kRozmiarRamki] = {};
     RozpocznijOdczytRamki();
     for (int i = 0; i < body_bytes; ++i) body[i] = BajtOdkodowanyZRamki();
     if (SumaCRC16 != 0) return UstawNumerBledu(kBladCrc);
