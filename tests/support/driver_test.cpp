@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "support/variables.h"
 #include "port/device_server.h"
+#include "support/variables.h"
 
 void ResetDriver() {
     PozostawiacOtwartyPortSzeregowy = 0;
