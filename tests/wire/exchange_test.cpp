@@ -76,6 +76,11 @@ TEST_F(Exchange, OptimizedDataLeaveInOneWriteAndStaleInputIsDiscardedFirst) {
     EXPECT_EQ(os.TakeCalls(), "purge out; purge in");
 }
 
+TEST_F(Exchange, ARemainderByNothingIsNothing) {
+    EXPECT_EQ(Moje_fmod(7, 3), 1);
+    EXPECT_EQ(Moje_fmod(7, 0), 0);
+}
+
 TEST_F(Exchange, IsMarkedWhileItGoesOn) {
     struct Observer : memory::Peer {
         uint8_t mark = 0;
