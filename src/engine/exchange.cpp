@@ -172,13 +172,14 @@ bool OkreslonoDlugoscPoStatusie(Exchange& e) {
     return true;
 }
 
-bool OdebranoOdpowiedz(Exchange& e) {
-    if (e.answer_length == 0) return true;
+// Its outcome is in NumerBledu.
+void OdbierzOdpowiedz(Exchange& e) {
+    if (e.answer_length == 0) return;
     if (TransmisjaPrzezTavloa && !WyslanoPotwierdzenieDoTavloa()) {
-        return Niepowodzenie(kBladTimeoutNadawania);
+        return UstawNumerBledu(kBladTimeoutNadawania);
     }
-    if (!OdebranoBajt(BajtyOdebrane[1])) return false;
-    if (ZDlugosciaWStatusie(e.command) && !OkreslonoDlugoscPoStatusie(e)) return false;
+    if (!OdebranoBajt(BajtyOdebrane[1])) return;
+    if (ZDlugosciaWStatusie(e.command) && !OkreslonoDlugoscPoStatusie(e)) return;
     if (ZeStatusemOdlozonym(e.command)) OdlozStatus();
     if (ZPotwierdzeniemWStatusie(e.command, Model()) && BajtyOdebrane[1] == kAck) {
         BajtyOdebrane[1] = 0;
@@ -186,13 +187,13 @@ bool OdebranoOdpowiedz(Exchange& e) {
 
     const uint8_t status = BajtyOdebrane[1];
     if (status == 0 || BezSprawdzaniaStatusu(e.command)) {
-        return OdebranoReszte(e.records, e.answer_length);
+        OdebranoReszte(e.records, e.answer_length);
+        return;
     }
     BajtOdmowy = status;
     UstawNumerBledu(BladStatusu(status));
     // The two bytes behind this status are no records; its error stands unless they do not come.
     if (status == kStatusDwochBajtow && !LaczeRamkowe()) OdebranoReszte({}, 3);
-    return false;
 }
 
 bool WyslanoDane(const Exchange& e) {
@@ -217,7 +218,7 @@ void PrzeprowadzWymiane(Exchange& e) {
     if (!TransmisjaPrzezTavloa && !WyslanoDane(e)) return;
     if (confirm_end && !PotwierdzonoKoniecTavloa()) return;
     if (!OproznionoNadajnik(e)) return;
-    OdebranoOdpowiedz(e);
+    OdbierzOdpowiedz(e);
 }
 
 }  // namespace

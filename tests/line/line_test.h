@@ -70,7 +70,10 @@ class LineTest : public testing::Test {
         ASSERT_EQ(platform::ApplySettings(line, {9600, 8, 2, 0, true, timeout_s, timeout_s}), 0U);
         start = Clock::now();
     }
-    void Close() { platform::CloseLine(std::exchange(line, platform::kNoLine)); }
+    void Close() {
+        if (line == platform::kNoLine) return;
+        EXPECT_EQ(platform::CloseLine(std::exchange(line, platform::kNoLine)), 0U);
+    }
     // Bytes that one call moved.
     uint32_t Write(const std::string& bytes) const {
         return platform::WriteBytes(line, reinterpret_cast<const uint8_t*>(bytes.data()),

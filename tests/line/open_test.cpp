@@ -102,6 +102,20 @@ TEST_F(Opening, ALineNeverTakesTheNumberOfAStandardStreamAndIsRawAtOnce) {
     EXPECT_EQ(terminal.Receive(1), "");
 }
 
+TEST_F(Opening, TwoLinesKeepToThemselves) {
+    Open(1);
+    const PseudoTerminal other;
+    uint32_t error = 0;
+    const platform::LineHandle second = platform::OpenLine(other.name, error);
+    ASSERT_EQ(error, 0U);
+    const uint8_t byte = 'A';
+    EXPECT_EQ(platform::WriteBytes(second, &byte, 1), 1U);
+    EXPECT_EQ(other.Receive(1), "A");
+    EXPECT_EQ(platform::CloseLine(second), 0U);
+    EXPECT_EQ(Write("B"), 1U) << "the first stays open";
+    EXPECT_EQ(terminal.Receive(1), "B");
+}
+
 TEST_F(Opening, SettingsReachTheTerminalOrAreRefused) {
     using platform::LineSettings;  // baud, bits, parity, stop bits, CTS, time-outs
     Open(0);

@@ -266,6 +266,9 @@ TEST_F(FramesOverTcp, AnAnswerThatCameTooLateIsNotTheNextOnes) {
 }
 
 TEST_F(FramesOverTcp, AConnectionThatIsGoneFailsTheExchange) {
+    std::strcpy(AdresSerweraUrzadzen, "no address");
+    InicjujKompletniePortSzeregowy();
+    EXPECT_EQ(ZainicjowanoPortSzeregowy, 0);
     const LoopbackServer server("127.0.0.1", 0, [](const Bytes&) { return Bytes{}; });
     Connect(server);
     EXPECT_EQ(Ask(), 33);

@@ -36,6 +36,7 @@ TEST_F(Port, FullOpenSettlesThenSetsParityAndChannel) {
     UstawieniePozostawiacOtwartyPortSzeregowy(0);
     EXPECT_EQ(os.TakeCalls(), kClose);
 
+    EXPECT_EQ(SetComSelector(5), 5u) << "the selectors are inert";
     // A closed port refuses everything.
     uint8_t byte = 0;
     EXPECT_EQ(SetSerialParameters(), 2u);

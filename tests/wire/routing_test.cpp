@@ -85,6 +85,10 @@ TEST_F(Routing, SuspendedItWaitsForTheServer) {
                       calls = "purge out; purge in; close; " + wait + wait + wait + wait + "open";
     EXPECT_EQ(os.TakeCalls().substr(0, calls.size()), calls);
     EXPECT_EQ(os.dispatched, std::vector<uint32_t>{5});
+    os.pending = {Command('r')};
+    EXPECT_EQ(Probe("23<06"), 0);
+    EXPECT_EQ(os.TakeCalls(), "purge out; purge in") << "a RESUME that nothing went before";
+    EXPECT_EQ(Posted(), "R0");
     os.pending = {Command('s')};
     os.arriving = {Command('b')};
     EXPECT_EQ(Probe(""), 56);

@@ -114,6 +114,7 @@ TEST(Numbers, TheLargestNumbersStayWithinTheirBuffers) {
     EXPECT_STREQ(IntToStr(0, text, 1), "0");
     EXPECT_STREQ(IntToStr(5, text, 3), "005");
     EXPECT_STREQ(NumToStr(static_cast<uint32_t>(-5), text, 0, 'u'), "4294967291");
+    EXPECT_STREQ(NumToStr(4000000000u, text, 0, 'u'), "4000000000");
 }
 
 using PolishText = DriverTest;

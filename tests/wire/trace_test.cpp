@@ -74,6 +74,9 @@ TEST_F(Trace, ServerCommandsAreTraced) {
         EXPECT_EQ(Traced([] { PoslanieSekwencjiSterujacej(0x23, 1, 0, 0); }),
                   line + "|" + line + "\n\n|y");
     }
+    DebugowacDzialanieFunkcji = 0;
+    os.pending = {{0xC123, memory::kProcessId, 'b'}};
+    EXPECT_EQ(Traced([] { PoslanieSekwencjiSterujacej(0x23, 1, 0, 0); }), "||x") << "not asked for";
 }
 
 }  // namespace

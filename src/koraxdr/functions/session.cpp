@@ -30,7 +30,6 @@ int32_t KORAX_CALL OpenPort(int32_t Port, int32_t BaudRate, int32_t WriteTimeout
                                                        {"2.BaudRate: ", BaudRate},
                                                        {"3.WriteTimeout: ", WriteTimeout},
                                                        {"4.ReadTimeout: ", ReadTimeout}});
-        OdinicjujPortSzeregowy();
         return OtworzPort(static_cast<uint8_t>(Port), BaudRate, WriteTimeout, ReadTimeout);
     });
 }
