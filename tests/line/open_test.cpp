@@ -112,6 +112,8 @@ TEST_F(Opening, TwoLinesKeepToThemselves) {
     EXPECT_EQ(platform::WriteBytes(second, &byte, 1), 1U);
     EXPECT_EQ(other.Receive(1), "A");
     EXPECT_EQ(platform::CloseLine(second), 0U);
+    EXPECT_EQ(platform::WriteBytes(second, &byte, 1), 0U)
+        << "nothing goes to a line that is closed";
     EXPECT_EQ(Write("B"), 1U) << "the first stays open";
     EXPECT_EQ(terminal.Receive(1), "B");
 }

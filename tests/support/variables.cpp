@@ -69,6 +69,8 @@ const std::map<std::string, Variable>& Variables() {
         VARIABLE(SygnalizowacBledyParzystosci, 1),
         VARIABLE(TimeoutNadawania, 3),
         VARIABLE(TimeoutOdbierania, 3),
+        VARIABLE(TimeoutNadawaniaPrzezModem, 3),
+        VARIABLE(TimeoutOdbieraniaPrzezModem, 3),
         VARIABLE(TransmisjaPrzezModem, 0),
         VARIABLE(TransmisjaPrzezTCP, 0),
     };

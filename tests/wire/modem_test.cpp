@@ -193,7 +193,6 @@ TEST_F(Modem, FailuresOfTheLine) {
     TimeoutOdbieraniaPrzezModem = 8;
     InicjujKompletniePortSzeregowy();
     EXPECT_NE(os.TakeCalls().find(" w7 r8; pause 100"), std::string::npos);
-    TimeoutNadawaniaPrzezModem = TimeoutOdbieraniaPrzezModem = 3;
     for (uint8_t code : Bytes{0, 9, 255}) {
         EXPECT_EQ(Talk("", [=] { PoslanieKoduSterujacegoDoModemu(code); }), 36) << int{code};
     }
