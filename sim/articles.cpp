@@ -17,6 +17,20 @@ int Height(int rate_value) {
     return rate_value == kRateExempt ? -1 : rate_value;
 }
 
+// As the open receipt leaves it, or else as earlier ones did; null for one never sold.
+const Article* Known(const Core& core, const std::string& name) {
+    const WorkingMemory& working = core.working();
+    if (const auto sold = working.sold.find(name); sold != working.sold.end()) return &sold->second;
+    const auto known = working.articles.find(name);
+    return known == working.articles.end() ? nullptr : &known->second;
+}
+
+bool HasRoomForArticle(const WorkingMemory& working) {
+    const auto added = std::ranges::count_if(
+        working.sold, [&](const auto& sold) { return !working.articles.contains(sold.first); });
+    return working.articles.size() + static_cast<std::size_t>(added) < kMostArticles;
+}
+
 }  // namespace
 
 bool NameIsLongEnough(std::string_view name) {
@@ -24,22 +38,23 @@ bool NameIsLongEnough(std::string_view name) {
 }
 
 void CheckArticle(const Core& core, const Sale& sale) {
-    const auto known = core.articles.find(sale.name);
-    if (known == core.articles.end()) {
-        Require(core.articles.size() < kMostArticles, Reason::NoRoomForTotals);
+    const Article* known = Known(core, sale.name);
+    if (known == nullptr) {
+        Require(HasRoomForArticle(core.working()), Reason::NoRoomForTotals);
         return;
     }
-    const bool raised =
-        Height(core.rates[Index(sale.rate)]) > Height(core.rates[Index(known->second.rate)]);
-    Require(!(raised && known->second.rate_lowered), Reason::ArticleLocked);
+    const VatRates& rates = core.fiscal().rates;
+    const bool raised = Height(rates[Index(sale.rate)]) > Height(rates[Index(known->rate)]);
+    Require(!(raised && known->rate_lowered), Reason::ArticleLocked);
 }
 
-void RememberArticle(Core& core, const Sale& sale) {
-    const auto [entry, added] = core.articles.try_emplace(sale.name, Article{sale.rate, false});
-    Article& article = entry->second;
-    if (!added && Height(core.rates[Index(sale.rate)]) < Height(core.rates[Index(article.rate)]))
-        article.rate_lowered = true;
-    article.rate = sale.rate;
+void NoteArticle(Core& core, const Sale& sale) {
+    const Article* known = Known(core, sale.name);
+    const VatRates& rates = core.fiscal().rates;
+    const bool lowered =
+        known != nullptr && Height(rates[Index(sale.rate)]) < Height(rates[Index(known->rate)]);
+    const bool locked = lowered || (known != nullptr && known->rate_lowered);
+    core.sold()[sale.name] = {sale.rate, locked};
 }
 
 const Article* FindArticle(const Core& core, std::string_view name) {
@@ -49,9 +64,9 @@ const Article* FindArticle(const Core& core, std::string_view name) {
         return capitals ? Upper(asked) : std::string(asked);
     };
     const auto found = std::ranges::find_if(
-        core.articles,
+        core.working().articles,
         [&, wanted = key(name)](const auto& article) { return key(article.first) == wanted; });
-    return found == core.articles.end() ? nullptr : &found->second;
+    return found == core.working().articles.end() ? nullptr : &found->second;
 }
 
 }  // namespace sim

@@ -139,13 +139,13 @@ bool InPlace(const Core& core, Moment moment) {
         case Moment::Anytime:
             return true;
         case Moment::NoReceipt:
-            return !core.receipt.open();
+            return !core.receipt().open();
         case Moment::NoDocument:
-            return !core.receipt.open() && !core.printout.open();
+            return !core.receipt().open() && !core.session.printout.open();
         case Moment::InReceipt:
-            return core.receipt.open();
+            return core.receipt().open();
         case Moment::InPrintout:
-            return core.printout.open();
+            return core.session.printout.open();
     }
     return false;
 }

@@ -3,16 +3,14 @@
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "sim/code_page.h"
 #include "sim/vat_table.h"
 
 namespace sim {
 namespace {
-
-constexpr VatRates kDefaultRates = {2300, 800, 500, 0, kRateUnused, kRateUnused, kRateExempt};
 
 // These take additional lines in code page 852, whatever page they are set to.
 constexpr ModelSet kAdditionalLinesIn852 = {10, 11, 12};
@@ -21,7 +19,9 @@ void Check(bool possible, const char* complaint) {
     if (!possible) throw std::invalid_argument(complaint);
 }
 
-const DeviceOptions& Checked(const DeviceOptions& options) {
+}  // namespace
+
+const DeviceOptions& CheckedOptions(const DeviceOptions& options) {
     Check(options.type >= kFirstType && options.type <= kLastType,
           "the device type has to be 1 to 13");
     const int version = options.program_version.value_or(0);
@@ -42,21 +42,18 @@ const DeviceOptions& Checked(const DeviceOptions& options) {
     return options;
 }
 
-// What the device's table of rates can hold of the rates given.
-VatRates Held(RateTable table, const VatRates& rates) {
-    return DecodeRates(table, EncodeRates(table, rates));
-}
-
-}  // namespace
-
-Core::Core(const DeviceOptions& given)
-    : options(Checked(given)),
+Core::Core(const DeviceOptions& given, Memory memory, Storage& storage)
+    : options(CheckedOptions(given)),
       model(ModelOf(options.type)),
       version(options.program_version.value_or(model.program_version)),
       code_page(options.code_page.value_or(CodePage::Cp852)),
-      rates(Held(model.rate_table, options.vat_rates.value_or(kDefaultRates))),
-      daily_reports(options.daily_reports),
-      display(options.display.value_or(model.display)) {}
+      display(options.display.value_or(model.display)),
+      memory_(std::move(memory)),
+      storage_(storage) {
+    // The receipt itself has not been kept.
+    if (working().counters.receipt_open) receipt().phase = ReceiptPhase::Items;
+    LosePower();
+}
 
 std::string Core::Text(std::span<const std::uint8_t> text) const {
     return ToUtf8(text, code_page);
@@ -67,37 +64,67 @@ std::string Core::AdditionalText(std::span<const std::uint8_t> text) const {
 }
 
 std::chrono::sys_seconds Core::clock() const {
-    return options.clock + std::chrono::floor<std::chrono::seconds>(now) + clock_shift;
+    return options.clock + std::chrono::floor<std::chrono::seconds>(now) + working().clock.shift;
 }
 
 std::string Core::FooterText(std::size_t line) const {
-    return std::string(TrimEnd(Text(footer[line].text)));
+    return std::string(TrimEnd(Text(working().footer[line].text.value_or(Bytes{}))));
 }
 
-void Core::SetRates(const VatRates& new_rates) {
-    rates = Held(model.rate_table, new_rates);
-    articles.clear();
+bool Core::Commit(Point point, const Change& change) {
+    if (!storage_.Save(point, change)) return false;
+    Apply(change, memory_);
+    return true;
+}
+
+void Core::CommitInReceipt(Point point) {
+    Require(Commit(point), Reason::NoRoomForTotals);
+}
+
+void Core::Enforce(Point point, const Change& change) {
+    if (!Commit(point, change)) Apply(change, memory_);
+}
+
+bool Core::SetRates(const VatRates& new_rates) {
+    return Commit(Point::Rates,
+                  {.articles_forgotten = true, .rates = HeldRates(model.rate_table, new_rates)});
 }
 
 void Core::BeginDocument() {
-    ++document_number;
+    Change change{.counters = working().counters};
+    ++change.counters->documents;
+    Enforce(Point::Document, change);
+    PrintHead();
+}
+
+void Core::PrintHead() {
     for (const std::string& line : options.header) printer.Centred(LineKind::Header, line);
     printer.Columns(LineKind::Header, fmt::format("{:%Y-%m-%d}", clock()),
-                    fmt::format("nr wydr. {:06}", document_number));
+                    fmt::format("nr wydr. {:06}", working().counters.documents));
 }
 
 void Core::Cancel(Reason reason) {
+    Receipt& receipt = this->receipt();
     if (!receipt.open()) return;
+    Change change{.counters = working().counters};
+    ++change.counters->cancelled_receipts;
+    change.counters->receipt_open = false;
+    change.counters->cancellation = reason;
+    Enforce(Point::ReceiptCancelled, change);
     receipt.phase = ReceiptPhase::Closed;
     receipt.cancelled = true;
-    ++cancelled_receipts;
-    cancellation = reason;
+    sold().clear();
     printer.Rule(LineKind::Notice);
     printer.Centred(LineKind::Notice, receipt.invoice ? "FAKTURA ANULOWANA" : "PARAGON ANULOWANY");
     printer.Centred(LineKind::Notice,
                     fmt::format("({}) {}", static_cast<int>(reason), Describe(reason)));
     printer.Text(LineKind::Notice, "");
     Note(fmt::format("receipt cancelled, reason {}", static_cast<int>(reason)));
+}
+
+void Core::LosePower() {
+    Cancel(Reason::DataTimeout);
+    session = {};
 }
 
 void Core::Note(std::string_view remark) {

@@ -1,13 +1,11 @@
-// The inside of the device: what it is, what it remembers, and the steps that all its commands
-// share.
+// The inside of the device: what it is, its memory by life time, and the steps that all its
+// commands share.
 #pragma once
 
 #include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <map>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,38 +14,21 @@
 #include "sim/cancellation.h"
 #include "sim/device.h"
 #include "sim/display.h"
+#include "sim/line_session.h"
 #include "sim/model.h"
 #include "sim/printer.h"
-#include "sim/receipt.h"
+#include "sim/storage.h"
 
 namespace sim {
 
-/// The non-fiscal document being printed: one of free lines, or the control of articles' rates.
-enum class PrintoutKind { None, Lines, Control };
-struct Printout {
-    PrintoutKind kind = PrintoutKind::None;
-    bool open() const { return kind != PrintoutKind::None; }
-};
-
-/// A line of the footer as the host wrote it. It may change once between two daily reports that
-/// have receipts.
-struct FooterLine {
-    Bytes text;
-    bool changed = false;
-};
-
-/// The logo in force, and the one that is arriving row by row.
-struct LogoMemory {
-    std::optional<Logo> complete;
-    Logo coming;
-    std::size_t next = 0;  // row that has to come next
-    bool changed = false;
-};
+/// The options themselves. Throws std::invalid_argument for those that no device has.
+const DeviceOptions& CheckedOptions(const DeviceOptions& options);
 
 class Core {
   public:
-    /// Throws std::invalid_argument for options that no device has.
-    explicit Core(const DeviceOptions& options);
+    /// A device that begins with this memory. Throws std::invalid_argument for options that no
+    /// device has.
+    Core(const DeviceOptions& options, Memory memory, Storage& storage);
 
     bool Is(const ModelSet& models) const { return models.Has(options.type, version); }
 
@@ -57,20 +38,39 @@ class Core {
     std::string AdditionalText(std::span<const std::uint8_t> text) const;
 
     std::chrono::sys_seconds clock() const;
-    /// Of the last daily report, 0 before the first.
-    int report_number() const { return daily_reports.empty() ? 0 : daily_reports.back().number; }
+    std::chrono::sys_days today() const { return std::chrono::floor<std::chrono::days>(clock()); }
+
+    const FiscalMemory& fiscal() const { return memory_.fiscal; }
+    const WorkingMemory& working() const { return memory_.working; }
+    /// The open receipt, else the last one, and the articles that its end will remember: these are
+    /// changed in place, after their commit.
+    Receipt& receipt() { return memory_.working.receipt; }
+    const Receipt& receipt() const { return memory_.working.receipt; }
+    Articles& sold() { return memory_.working.sold; }
+
+    /// Keeps a change and makes it. False where there is no room: nothing has changed then, and the
+    /// command is to be refused.
+    [[nodiscard]] bool Commit(Point point, const Change& change = {});
+    /// The same for what the host adds to the open receipt. Throws Violation.
+    void CommitInReceipt(Point point);
+    bool HasRoom() const { return storage_.HasRoom(); }
 
     /// A line of the footer, without blanks at its end.
     std::string FooterText(std::size_t line) const;
 
-    /// Puts new rates in force, as far as the device's table can hold them. Articles are remembered
-    /// by their rates, so they are forgotten.
-    void SetRates(const VatRates& new_rates);
+    /// Puts new rates in force, as far as the device's table can hold them; false where there is no
+    /// room. Articles are remembered by their rates, so they are forgotten.
+    bool SetRates(const VatRates& new_rates);
 
     /// Counts a document and prints what every document begins with.
     void BeginDocument();
+    /// Prints it for a document that has been counted.
+    void PrintHead();
     /// Cancels the open receipt, if there is one.
     void Cancel(Reason reason);
+    /// The device goes off and on again: the working memory keeps, what stands open is lost, an open
+    /// receipt is void.
+    void LosePower();
     /// Adds a remark to the exchange being watched.
     void Note(std::string_view remark);
 
@@ -81,34 +81,20 @@ class Core {
 
     FaultPanel faults;
     Printer printer{faults};
-    std::chrono::milliseconds now{};  // since the device was switched on
-
-    VatRates rates;
-    std::map<std::string, Article> articles;
-
-    Receipt receipt;
-    std::chrono::milliseconds receipt_opened{};
-    Reason cancellation = Reason::None;  // of the last receipt
-    int document_number = 0;
-    std::uint16_t receipt_counter = 0;
-    int cancelled_receipts = 0;
-    RateAmounts day_totals{};
-    std::vector<DailyReport> daily_reports;  // the fiscal memory
-
-    std::chrono::minutes clock_shift{};                  // by the host
-    std::optional<std::chrono::sys_days> clock_moved{};  // the day of the last move
-
-    Printout printout;
-    std::array<FooterLine, kFooterLines> footer;
-    LogoMemory logo;
-    Bytes last_setup;  // the last line of footer or logo, as it was sent
     Display display;
     std::array<int, kDrawers> drawers_opened{};
-    std::map<int, UserLine> user_lines;
-    CashierCodes cashier_codes;
-    std::array<ConfigurationGroup, 256> configuration{};
 
+    std::chrono::milliseconds now{};  // since the device was switched on
+    LineSession session;
     std::string note;
+
+  private:
+    // What happens to the device is no command that could be refused: it changes the memory even
+    // where there is no room to keep it.
+    void Enforce(Point point, const Change& change);
+
+    Memory memory_;
+    Storage& storage_;
 };
 
 }  // namespace sim

@@ -7,6 +7,15 @@
 #include "sim/wire.h"
 
 namespace sim {
+namespace {
+
+// Storage without a state of its own serves all devices.
+Storage& KeepsNothing() {
+    static Storage storage;
+    return storage;
+}
+
+}  // namespace
 
 std::string FormatExchange(const Exchange& exchange) {
     const double seconds = static_cast<double>(exchange.at.count()) / 1000;
@@ -25,7 +34,11 @@ std::string FormatExchange(const Exchange& exchange) {
 }
 
 Device::Device(const DeviceOptions& options)
-    : core_(std::make_unique<Core>(options)), wire_(std::make_unique<Wire>(*core_)) {}
+    : Device(options, NewMemory(options), KeepsNothing()) {}
+
+Device::Device(const DeviceOptions& options, Memory memory, Storage& storage)
+    : core_(std::make_unique<Core>(options, std::move(memory), storage)),
+      wire_(std::make_unique<Wire>(*core_)) {}
 
 Device::~Device() = default;
 
@@ -46,6 +59,10 @@ void Device::Advance(std::chrono::milliseconds time) {
     wire_->CheckTimeouts();
 }
 
+void Device::CyclePower() {
+    core_->LosePower();
+}
+
 const std::vector<PaperLine>& Device::paper() const {
     return core_->printer.paper();
 }
@@ -63,23 +80,23 @@ FaultPanel& Device::faults() {
 }
 
 const Receipt& Device::receipt() const {
-    return core_->receipt;
+    return core_->receipt();
 }
 
 int Device::receipt_counter() const {
-    return core_->receipt_counter;
+    return core_->working().counters.receipts;
 }
 
 int Device::cancellation_reason() const {
-    return static_cast<int>(core_->cancellation);
+    return static_cast<int>(core_->working().counters.cancellation);
 }
 
 const RateAmounts& Device::day_totals() const {
-    return core_->day_totals;
+    return core_->working().counters.totals;
 }
 
 const VatRates& Device::vat_rates() const {
-    return core_->rates;
+    return core_->fiscal().rates;
 }
 
 void Device::SetVatRates(const VatRates& rates) {
@@ -91,19 +108,19 @@ std::chrono::sys_seconds Device::clock() const {
 }
 
 int Device::cancelled_receipts() const {
-    return core_->cancelled_receipts;
+    return core_->working().counters.cancelled_receipts;
 }
 
 int Device::report_number() const {
-    return core_->report_number();
+    return core_->fiscal().report_number();
 }
 
 const std::vector<DailyReport>& Device::daily_reports() const {
-    return core_->daily_reports;
+    return core_->fiscal().daily_reports;
 }
 
 const std::map<std::string, Article>& Device::articles() const {
-    return core_->articles;
+    return core_->working().articles;
 }
 
 const std::array<int, kDrawers>& Device::drawers_opened() const {
@@ -111,7 +128,7 @@ const std::array<int, kDrawers>& Device::drawers_opened() const {
 }
 
 bool Device::printout_open() const {
-    return core_->printout.open();
+    return core_->session.printout.open();
 }
 
 std::array<std::string, kFooterLines> Device::footer() const {
@@ -121,7 +138,7 @@ std::array<std::string, kFooterLines> Device::footer() const {
 }
 
 const std::optional<Logo>& Device::logo() const {
-    return core_->logo.complete;
+    return core_->working().logo.complete;
 }
 
 const std::vector<std::string>& Device::display() const {
@@ -133,15 +150,15 @@ std::string Device::display_text() const {
 }
 
 const std::map<int, UserLine>& Device::user_lines() const {
-    return core_->user_lines;
+    return core_->working().user_lines;
 }
 
 const CashierCodes& Device::cashier_codes() const {
-    return core_->cashier_codes;
+    return core_->working().cashier_codes;
 }
 
 const ConfigurationGroup& Device::configuration(int group) const {
-    return core_->configuration.at(static_cast<std::size_t>(group));
+    return core_->working().configuration.at(static_cast<std::size_t>(group));
 }
 
 }  // namespace sim

@@ -174,12 +174,18 @@ struct Exchange {
 std::string FormatExchange(const Exchange& exchange);
 
 class Core;
+class Storage;
 class Wire;
+struct Memory;
 
 /// A device, from being switched on. Throws std::invalid_argument for options that no device has.
 class Device {
   public:
+    /// A new device, whose memory ends with it.
     explicit Device(const DeviceOptions& options = {});
+    /// A device with a memory that it had, whose changes `storage` keeps; it outlives the device.
+    /// Rates, reports and the unique number are the memory's, whatever the options say.
+    Device(const DeviceOptions& options, Memory memory, Storage& storage);
     ~Device();
     Device(const Device&) = delete;
     Device& operator=(const Device&) = delete;
@@ -191,6 +197,9 @@ class Device {
     bool AnswerPending() const;
     /// Time passes: the clock, the time-outs, the delay of answers.
     void Advance(std::chrono::milliseconds time);
+
+    /// The device goes off and on again; an open receipt is void then.
+    void CyclePower();
 
     /// Lines printed since the device was switched on or its paper was torn off.
     const std::vector<PaperLine>& paper() const;

@@ -33,7 +33,7 @@ void CheckSale(const Core& core, const Sale& sale) {
                 sale.decimals <= kLargestQuantityDecimals,
             Reason::WrongQuantity);
     Require(sale.price >= 0 && sale.price <= kLargestAmount, Reason::WrongPrice);
-    Require(core.rates[Index(sale.rate)] != kRateUnused, Reason::WrongRate);
+    Require(core.fiscal().rates[Index(sale.rate)] != kRateUnused, Reason::WrongRate);
     Require(sale.quantity > 0 && sale.price > 0 && sale.value != 0, Reason::ZeroValue);
     Require(sale.value == ValueOf(sale) && sale.value <= kLargestAmount, Reason::WrongValue);
 }
@@ -77,7 +77,7 @@ void CheckDiscountPlace(const Receipt& receipt) {
 }
 
 void SettleDiscount(Core& core, std::int64_t discount, const std::string& text) {
-    Receipt& receipt = core.receipt;
+    Receipt& receipt = core.receipt();
     receipt.total = Sum(receipt.totals);
     receipt.discount = discount;
     receipt.phase = ReceiptPhase::Discounted;
@@ -98,17 +98,17 @@ void PrintPackages(Printer& printer, const Receipt& receipt) {
 }
 
 void PrintTotals(Core& core) {
-    const Receipt& receipt = core.receipt;
+    const Receipt& receipt = core.receipt();
     Printer& printer = core.printer;
     printer.Rule(LineKind::Tax);
-    PrintRateTotals(printer, LineKind::Tax, receipt.totals, core.rates);
+    PrintRateTotals(printer, LineKind::Tax, receipt.totals, core.fiscal().rates);
     printer.Rule(LineKind::Tax);
     printer.Columns(LineKind::Total, "SUMA PLN", Money(receipt.total));
     PrintPackages(printer, receipt);
 }
 
 void PrintEnd(Core& core) {
-    const Receipt& receipt = core.receipt;
+    const Receipt& receipt = core.receipt();
     Printer& printer = core.printer;
     for (const CurrencyPayment& payment : receipt.currency_payments)
         printer.Columns(LineKind::Payment, payment.text, Money(payment.amount));
@@ -117,15 +117,15 @@ void PrintEnd(Core& core) {
         if (payment.change != 0)
             printer.Columns(LineKind::Payment, "RESZTA", Money(payment.change));
     }
-    const CashierCodes& codes = core.cashier_codes;
+    const CashierCodes& codes = core.working().cashier_codes;
     if (!codes.cash_register.empty() || !codes.cashier.empty())
         printer.Columns(LineKind::Closing, fmt::format("Kasa {}", codes.cash_register),
                         fmt::format("Kasjer {}", codes.cashier));
-    printer.Columns(
-        LineKind::Closing,
-        fmt::format("{} nr {}", receipt.invoice ? "Faktura" : "Paragon", core.receipt_counter),
-        fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
-    printer.Centred(LineKind::Closing, core.options.unique_number);
+    printer.Columns(LineKind::Closing,
+                    fmt::format("{} nr {}", receipt.invoice ? "Faktura" : "Paragon",
+                                core.working().counters.receipts),
+                    fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
+    printer.Centred(LineKind::Closing, core.fiscal().unique_number);
     for (const std::string& line : receipt.additional_lines)
         printer.Text(LineKind::Additional, line);
     for (int line = 0; line < kFooterLines; ++line)
@@ -148,14 +148,14 @@ void CheckPayment(const Payment& payment, std::int64_t amount) {
 
 void PrintBeginning(Core& core) {
     Printer& printer = core.printer;
-    if (core.logo.complete)
-        for (const std::string& line : AsLines(*core.logo.complete))
+    if (core.working().logo.complete)
+        for (const std::string& line : AsLines(*core.working().logo.complete))
             printer.Text(LineKind::Logo, line);
-    core.BeginDocument();
-    if (core.receipt.invoice) {
+    core.PrintHead();
+    if (core.receipt().invoice) {
         // The rule that ends the title comes after the buyer.
         printer.Centred(LineKind::Title, "FAKTURA VAT");
-        printer.Centred(LineKind::Title, "nr " + core.receipt.invoice->number);
+        printer.Centred(LineKind::Title, "nr " + core.receipt().invoice->number);
     } else {
         printer.Centred(LineKind::Title, "PARAGON FISKALNY");
         printer.Rule(LineKind::Title);
@@ -164,7 +164,7 @@ void PrintBeginning(Core& core) {
 
 // An invoice to which nothing has been sold yet.
 Invoice& OpenInvoice(Core& core) {
-    Receipt& receipt = core.receipt;
+    Receipt& receipt = core.receipt();
     Require(receipt.invoice.has_value() && receipt.sales.empty(), Reason::WrongOrder);
     return *receipt.invoice;
 }
@@ -178,10 +178,11 @@ Sale& DiscountedSale(Receipt& receipt) {
 }
 
 void DiscountSale(Core& core, Sale& sale, std::int64_t discount, const std::string& text) {
-    Receipt& receipt = core.receipt;
+    Receipt& receipt = core.receipt();
     Require(discount <= sale.value, Reason::WrongDiscount);
     Require(sale.value - discount <= kLargestAmount && receipt.total - discount <= kLargestAmount,
             Reason::SurchargeTooBig);
+    core.CommitInReceipt(Point::Discount);
     sale.discount = discount;
     sale.discounted = true;
     receipt.totals[Index(sale.rate)] -= discount;
@@ -192,19 +193,26 @@ void DiscountSale(Core& core, Sale& sale, std::int64_t discount, const std::stri
 
 }  // namespace
 
-void BeginReceipt(Core& core, std::optional<Invoice> invoice) {
-    Require(!core.receipt.open(), Reason::WrongOrder);
-    core.receipt = Receipt{};
-    core.receipt.phase = ReceiptPhase::Items;
-    core.receipt.invoice = std::move(invoice);
-    core.receipt_opened = core.now;
-    core.cancellation = Reason::None;
+bool BeginReceipt(Core& core, std::optional<Invoice> invoice) {
+    Require(!core.receipt().open(), Reason::WrongOrder);
+    Change change{.counters = core.working().counters};
+    ++change.counters->documents;
+    change.counters->receipt_open = true;
+    change.counters->cancellation = Reason::None;
+    if (!core.Commit(Point::ReceiptBegun, change)) return false;
+    core.receipt() = Receipt{};
+    core.receipt().phase = ReceiptPhase::Items;
+    core.receipt().invoice = std::move(invoice);
+    core.sold().clear();
+    core.session.receipt_opened = core.now;
     PrintBeginning(core);
+    return true;
 }
 
 void NameBuyer(Core& core, const std::vector<std::string>& lines) {
     Invoice& invoice = OpenInvoice(core);
     Require(invoice.buyer.empty() && invoice.tax_number.empty(), Reason::WrongOrder);
+    core.CommitInReceipt(Point::Buyer);
     for (const std::string& line : lines)
         if (!line.empty()) invoice.buyer.push_back(line);
     core.printer.Text(LineKind::Title, "Nabywca:");
@@ -214,12 +222,13 @@ void NameBuyer(Core& core, const std::vector<std::string>& lines) {
 void NameTaxNumber(Core& core, const std::string& number) {
     Invoice& invoice = OpenInvoice(core);
     Require(invoice.tax_number.empty(), Reason::WrongOrder);
+    core.CommitInReceipt(Point::Buyer);
     invoice.tax_number = number;
     core.printer.Text(LineKind::Title, "NIP nabywcy: " + number);
 }
 
 void Sell(Core& core, const Sale& sale) {
-    Receipt& receipt = core.receipt;
+    Receipt& receipt = core.receipt();
     Require(receipt.phase == ReceiptPhase::Items, Reason::WrongOrder);
     Require(receipt.sales.size() < kMostSales, Reason::ReceiptTooLong);
     CheckSale(core, sale);
@@ -230,7 +239,8 @@ void Sell(Core& core, const Sale& sale) {
     const std::int64_t change = sale.correction ? -sale.value : sale.value;
     Require(receipt.total + change <= kLargestAmount, Reason::ReceiptTooBig);
 
-    if (!sale.correction) RememberArticle(core, sale);
+    core.CommitInReceipt(Point::Item);
+    if (!sale.correction) NoteArticle(core, sale);
     if (receipt.invoice && receipt.sales.empty()) core.printer.Rule(LineKind::Title);
     receipt.totals[Index(sale.rate)] += change;
     receipt.total += change;
@@ -239,9 +249,10 @@ void Sell(Core& core, const Sale& sale) {
 }
 
 void DiscountByPercent(Core& core, int percent) {
-    Receipt& receipt = core.receipt;
+    Receipt& receipt = core.receipt();
     CheckDiscountPlace(receipt);
     Require(percent >= 1 && percent <= 99, Reason::WrongDiscount);
+    core.CommitInReceipt(Point::Discount);
     std::int64_t discount = 0;
     for (std::int64_t& entry : receipt.totals) {
         const std::int64_t share = DivideRounded(entry * percent, 100);
@@ -252,7 +263,7 @@ void DiscountByPercent(Core& core, int percent) {
 }
 
 void DiscountByAmount(Core& core, bool surcharge, std::int64_t amount) {
-    Receipt& receipt = core.receipt;
+    Receipt& receipt = core.receipt();
     CheckDiscountPlace(receipt);
     Require(amount > 0, Reason::WrongDiscount);
     if (surcharge)
@@ -260,13 +271,14 @@ void DiscountByAmount(Core& core, bool surcharge, std::int64_t amount) {
     else
         Require(amount <= receipt.total, Reason::WrongDiscount);
     Require(receipt.total > 0, Reason::ZeroTotal);
+    core.CommitInReceipt(Point::Discount);
     const std::int64_t discount = surcharge ? -amount : amount;
     SpreadDiscount(receipt, discount);
     SettleDiscount(core, discount, surcharge ? "NARZUT" : "RABAT");
 }
 
 void DiscountSaleByPercent(Core& core, bool surcharge, int percent) {
-    Sale& sale = DiscountedSale(core.receipt);
+    Sale& sale = DiscountedSale(core.receipt());
     Require(percent >= 1 && percent <= 99, Reason::WrongDiscount);
     const std::int64_t amount = DivideRounded(sale.value * percent, 100);
     DiscountSale(core, sale, surcharge ? -amount : amount,
@@ -274,56 +286,72 @@ void DiscountSaleByPercent(Core& core, bool surcharge, int percent) {
 }
 
 void DiscountSaleByAmount(Core& core, bool surcharge, std::int64_t amount) {
-    Sale& sale = DiscountedSale(core.receipt);
+    Sale& sale = DiscountedSale(core.receipt());
     Require(amount > 0, Reason::WrongDiscount);
     DiscountSale(core, sale, surcharge ? -amount : amount, surcharge ? "NARZUT" : "RABAT");
 }
 
 void PrintSubtotal(Core& core) {
-    const Receipt& receipt = core.receipt;
+    const Receipt& receipt = core.receipt();
     Require(receipt.phase != ReceiptPhase::Totalled, Reason::WrongOrder);
     core.printer.Columns(LineKind::Total, "SUMA CZĘŚCIOWA", Money(receipt.total));
     core.Note(fmt::format("total {}", Money(receipt.total)));
 }
 
 void CheckTotal(Core& core, std::int64_t total) {
-    Receipt& receipt = core.receipt;
+    Receipt& receipt = core.receipt();
     Require(receipt.phase != ReceiptPhase::Totalled, Reason::WrongOrder);
     Require(receipt.total > 0, Reason::ZeroTotal);
     Require(total == receipt.total, Reason::TotalsDiffer);
+    core.CommitInReceipt(Point::Total);
     receipt.phase = ReceiptPhase::Totalled;
     PrintTotals(core);
 }
 
 void DeclarePayment(Core& core, const Payment& payment) {
     CheckPayment(payment, payment.paid);
-    Payment& slot = Slot(core.receipt, payment.number);
+    core.CommitInReceipt(Point::Payment);
+    Payment& slot = Slot(core.receipt(), payment.number);
     slot.name = payment.name;
     slot.paid = payment.paid;
 }
 
 void DeclareChange(Core& core, const Payment& payment) {
     CheckPayment(payment, payment.change);
-    const bool declared = std::ranges::any_of(core.receipt.payments, [&](const Payment& other) {
+    const bool declared = std::ranges::any_of(core.receipt().payments, [&](const Payment& other) {
         return other.number == payment.number && other.name == payment.name;
     });
     Require(declared, Reason::WrongOrder);
-    Slot(core.receipt, payment.number).change = payment.change;
+    core.CommitInReceipt(Point::Payment);
+    Slot(core.receipt(), payment.number).change = payment.change;
 }
 
 void AddLine(Core& core, const std::string& text) {
-    auto& lines = core.receipt.additional_lines;
+    auto& lines = core.receipt().additional_lines;
     Require(lines.size() < kMostAdditionalLines, Reason::TooManyAdditionalLines);
+    core.CommitInReceipt(Point::AdditionalLine);
     lines.push_back(text);
 }
 
-void EndReceipt(Core& core) {
-    Receipt& receipt = core.receipt;
+void AddCurrencyPayments(Core& core, const std::vector<CurrencyPayment>& payments) {
+    core.CommitInReceipt(Point::Payment);
+    auto& entered = core.receipt().currency_payments;
+    entered.insert(entered.end(), payments.begin(), payments.end());
+}
+
+bool EndReceipt(Core& core) {
+    Receipt& receipt = core.receipt();
     Require(receipt.phase == ReceiptPhase::Totalled, Reason::WrongOrder);
-    ++core.receipt_counter;
-    for (std::size_t i = 0; i < receipt.totals.size(); ++i) core.day_totals[i] += receipt.totals[i];
+    Change change{.counters = core.working().counters, .articles = core.working().sold};
+    Counters& counters = *change.counters;
+    ++counters.receipts;
+    for (std::size_t i = 0; i < receipt.totals.size(); ++i) counters.totals[i] += receipt.totals[i];
+    counters.receipt_open = false;
+    if (!core.Commit(Point::ReceiptEnded, change)) return false;
+    core.sold().clear();
     receipt.phase = ReceiptPhase::Closed;
     PrintEnd(core);
+    return true;
 }
 
 }  // namespace sim

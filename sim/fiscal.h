@@ -11,8 +11,8 @@
 
 namespace sim {
 
-/// Opens a receipt, or the invoice given.
-void BeginReceipt(Core& core, std::optional<Invoice> invoice = std::nullopt);
+/// Opens a receipt, or the invoice given. False where there is no room for it.
+bool BeginReceipt(Core& core, std::optional<Invoice> invoice = std::nullopt);
 
 /// The buyer of an invoice, each once and before the first item. Empty lines are left out.
 void NameBuyer(Core& core, const std::vector<std::string>& lines);
@@ -36,9 +36,11 @@ void CheckTotal(Core& core, std::int64_t total);
 
 void DeclarePayment(Core& core, const Payment& payment);
 void DeclareChange(Core& core, const Payment& payment);
+void AddCurrencyPayments(Core& core, const std::vector<CurrencyPayment>& payments);
 void AddLine(Core& core, const std::string& text);
 
-/// Closes the receipt, counts it and prints its end.
-void EndReceipt(Core& core);
+/// Closes the receipt, counts it, remembers its articles and prints its end. False where there is no
+/// room for it: the receipt stays open.
+bool EndReceipt(Core& core);
 
 }  // namespace sim

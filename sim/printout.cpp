@@ -11,7 +11,7 @@ constexpr const char* kNotFiscal = "NIEFISKALNY";
 }  // namespace
 
 void BeginPrintout(Core& core, PrintoutKind kind, std::string_view title) {
-    core.printout.kind = kind;
+    core.session.printout.kind = kind;
     core.BeginDocument();
     core.printer.Centred(LineKind::Printout, kNotFiscal);
     core.printer.Centred(LineKind::Printout, title);
@@ -19,11 +19,11 @@ void BeginPrintout(Core& core, PrintoutKind kind, std::string_view title) {
 }
 
 void EndPrintout(Core& core) {
-    if (!core.printout.open()) return;
-    core.printout.kind = PrintoutKind::None;
+    if (!core.session.printout.open()) return;
+    core.session.printout.kind = PrintoutKind::None;
     core.printer.Rule(LineKind::Printout);
     core.printer.Centred(LineKind::Printout, kNotFiscal);
-    core.printer.Columns(LineKind::Printout, core.options.unique_number,
+    core.printer.Columns(LineKind::Printout, core.fiscal().unique_number,
                          fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
     core.printer.Text(LineKind::Printout, "");
 }

@@ -22,7 +22,7 @@ void PrintTitle(Core& core, const std::string& title) {
 
 void PrintEnd(Core& core) {
     core.printer.Rule(LineKind::Report);
-    core.printer.Columns(LineKind::Report, core.options.unique_number,
+    core.printer.Columns(LineKind::Report, core.fiscal().unique_number,
                          fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
     core.printer.Text(LineKind::Report, "");
 }
@@ -37,33 +37,36 @@ void PrintRates(Core& core, const VatRates& rates) {
                              RateText(rates[Index(rate)]));
 }
 
-// What the host has changed of the footer and the logo since receipts were printed last. From now
-// on it may be changed again.
-void PrintChanges(Core& core) {
-    for (std::size_t i = 0; i < core.footer.size(); ++i) {
-        if (!core.footer[i].changed) continue;
-        core.printer.Text(LineKind::Report,
-                          fmt::format("Zmiana stopki {}: {}", i + 1, core.FooterText(i)));
-        core.footer[i].changed = false;
-    }
-    if (core.logo.changed) core.printer.Text(LineKind::Report, "Zmiana logo");
-    core.logo.changed = false;
+// What the host has changed of the footer and the logo since receipts were printed last.
+std::vector<std::string> ChangesToPrint(const Core& core) {
+    const WorkingMemory& working = core.working();
+    std::vector<std::string> lines;
+    for (std::size_t i = 0; i < working.footer.size(); ++i)
+        if (working.footer[i].changed)
+            lines.push_back(fmt::format("Zmiana stopki {}: {}", i + 1, core.FooterText(i)));
+    if (working.logo.changed) lines.push_back("Zmiana logo");
+    return lines;
+}
+
+// After the report they may change again.
+void AllowChanges(const WorkingMemory& working, Change& change) {
+    for (std::size_t i = 0; i < working.footer.size(); ++i)
+        if (working.footer[i].changed) change.footer[i] = {.text = working.footer[i].text};
+    if (working.logo.changed) change.logo = LogoMemory{.complete = working.logo.complete};
 }
 
 DailyReport Today(const Core& core) {
-    return {.number = core.report_number() + 1,
+    return {.number = core.fiscal().report_number() + 1,
             .made = core.clock(),
-            .receipts = core.receipt_counter,
-            .cancelled_receipts = core.cancelled_receipts,
-            .totals = core.day_totals,
-            .rates = core.rates};
+            .receipts = core.working().counters.receipts,
+            .cancelled_receipts = core.working().counters.cancelled_receipts,
+            .totals = core.working().counters.totals,
+            .rates = core.fiscal().rates};
 }
 
-void BeginDay(Core& core) {
-    core.receipt_counter = 0;
-    core.cancelled_receipts = 0;
-    core.day_totals = {};
-    core.faults.pending_daily_report = false;
+// The counters of the new day.
+Counters CleanCounters(const Counters& counters) {
+    return {.documents = counters.documents, .cancellation = counters.cancellation};
 }
 
 // Sums of several reports. The tax is added up, as the rates may have changed in between.
@@ -114,7 +117,7 @@ void PrintFromMemory(Core& core, bool fiscal, const std::string& range,
 template <typename Wanted>
 std::vector<DailyReport> FromMemory(const Core& core, Wanted wanted) {
     std::vector<DailyReport> reports;
-    std::ranges::copy_if(core.daily_reports, std::back_inserter(reports), wanted);
+    std::ranges::copy_if(core.fiscal().daily_reports, std::back_inserter(reports), wanted);
     return reports;
 }
 
@@ -129,12 +132,11 @@ ReportResult ReportDays(Core& core, bool fiscal, std::chrono::sys_days first,
     return ReportResult::Printed;
 }
 
-}  // namespace
-
-void MakeDailyReport(Core& core) {
-    const DailyReport report = Today(core);
+void PrintDailyReport(Core& core, const DailyReport& report,
+                      const std::vector<std::string>& changes) {
     Printer& printer = core.printer;
-    PrintTitle(core, "RAPORT FISKALNY DOBOWY");
+    core.PrintHead();
+    printer.Centred(LineKind::Report, "RAPORT FISKALNY DOBOWY");
     printer.Centred(LineKind::Report, fmt::format("nr {:04}", report.number));
     printer.Rule(LineKind::Report);
     PrintRates(core, report.rates);
@@ -143,10 +145,22 @@ void MakeDailyReport(Core& core) {
     printer.Columns(LineKind::Report, "SPRZEDAŻ RAZEM", Money(Sum(report.totals)));
     PrintNumber(core, "Paragony", report.receipts);
     PrintNumber(core, "Paragony anulowane", report.cancelled_receipts);
-    PrintChanges(core);
+    for (const std::string& change : changes) printer.Text(LineKind::Report, change);
     PrintEnd(core);
-    core.daily_reports.push_back(report);
-    BeginDay(core);
+}
+
+}  // namespace
+
+bool MakeDailyReport(Core& core) {
+    const DailyReport report = Today(core);
+    const std::vector<std::string> changes = ChangesToPrint(core);
+    Change change{.counters = CleanCounters(core.working().counters), .report = report};
+    ++change.counters->documents;
+    AllowChanges(core.working(), change);
+    if (!core.Commit(Point::DailyReport, change)) return false;
+    core.faults.pending_daily_report = false;
+    PrintDailyReport(core, report, changes);
+    return true;
 }
 
 ReportResult ReportPeriod(Core& core, bool fiscal, std::optional<std::chrono::sys_days> first,
@@ -166,8 +180,9 @@ ReportResult ReportMonth(Core& core, bool fiscal, int year, int month) {
 }
 
 ReportResult ReportNumbers(Core& core, bool fiscal, int first, int last) {
-    if (core.daily_reports.empty()) return ReportResult::NoReports;
-    if (first < 1 || first > last || last > core.report_number()) return ReportResult::WrongNumbers;
+    if (core.fiscal().daily_reports.empty()) return ReportResult::NoReports;
+    if (first < 1 || first > last || last > core.fiscal().report_number())
+        return ReportResult::WrongNumbers;
     const auto reports = FromMemory(core, [&](const DailyReport& report) {
         return report.number >= first && report.number <= last;
     });
@@ -180,7 +195,7 @@ void ReportLockedArticles(Core& core) {
     PrintTitle(core, "RAPORT TOWARÓW ZABLOKOWANYCH");
     core.printer.Rule(LineKind::Report);
     std::int64_t locked = 0;
-    for (const auto& [name, article] : core.articles) {
+    for (const auto& [name, article] : core.working().articles) {
         if (!article.rate_lowered) continue;
         ++locked;
         core.printer.Columns(LineKind::Report, name, std::string(1, RateLetter(article.rate)));
@@ -193,10 +208,11 @@ void ReportState(Core& core) {
     PrintTitle(core, "STAN DRUKARKI");
     core.printer.Rule(LineKind::Report);
     PrintNumber(core, "Wersja programu", core.version);
-    PrintRates(core, core.rates);
-    PrintNumber(core, "Raporty dobowe", static_cast<std::int64_t>(core.daily_reports.size()));
-    PrintNumber(core, "Paragony od raportu dobowego", core.receipt_counter);
-    PrintNumber(core, "Towary w bazie", static_cast<std::int64_t>(core.articles.size()));
+    PrintRates(core, core.fiscal().rates);
+    PrintNumber(core, "Raporty dobowe",
+                static_cast<std::int64_t>(core.fiscal().daily_reports.size()));
+    PrintNumber(core, "Paragony od raportu dobowego", core.working().counters.receipts);
+    PrintNumber(core, "Towary w bazie", static_cast<std::int64_t>(core.working().articles.size()));
     PrintEnd(core);
 }
 

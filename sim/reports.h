@@ -19,8 +19,9 @@ enum class ReportResult : std::uint8_t {
     WrongKind = 5,
 };
 
-/// Prints the daily report, keeps it in the fiscal memory and begins a new day.
-void MakeDailyReport(Core& core);
+/// Keeps the daily report in the fiscal memory, begins a new day and prints it. False where there is
+/// no room for it.
+bool MakeDailyReport(Core& core);
 
 /// Reports of the days from `first` to `last`, both included; nothing stands for a date that does
 /// not exist. A report that is not fiscal has the sums only.

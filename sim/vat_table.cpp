@@ -66,6 +66,10 @@ VatRates DecodeRates(RateTable table, std::span<const std::uint8_t> bytes) {
     return rates;
 }
 
+VatRates HeldRates(RateTable table, const VatRates& rates) {
+    return DecodeRates(table, EncodeRates(table, rates));
+}
+
 bool AnyRateInUse(RateTable table, const VatRates& rates) {
     return std::any_of(rates.begin(), rates.begin() + static_cast<int>(table),
                        [](int rate) { return rate != kRateUnused; });

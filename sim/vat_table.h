@@ -19,6 +19,9 @@ Bytes EncodeRates(RateTable table, const VatRates& rates);
 /// The rates that the table does not hold are unused, except rate G, which is exempt.
 VatRates DecodeRates(RateTable table, std::span<const std::uint8_t> bytes);
 
+/// What the table can hold of the rates given.
+VatRates HeldRates(RateTable table, const VatRates& rates);
+
 /// Whether any of the rates that the table holds is in use.
 bool AnyRateInUse(RateTable table, const VatRates& rates);
 

@@ -56,7 +56,8 @@ void Wire::Receive(std::uint8_t byte) {
 
 void Wire::CheckTimeouts() {
     if (phase_ != Phase::Idle && core_.now - last_byte_ > core_.options.data_timeout) GiveUp();
-    if (core_.receipt.open() && core_.now - core_.receipt_opened > core_.options.receipt_timeout)
+    if (core_.receipt().open() &&
+        core_.now - core_.session.receipt_opened > core_.options.receipt_timeout)
         core_.Cancel(Reason::OpenTooLong);
     ReportStrays();
 }

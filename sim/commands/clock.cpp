@@ -30,8 +30,10 @@ std::optional<Bytes> Tell(Core& core) {
     return bytes;
 }
 
-std::chrono::sys_days Day(const Core& core) {
-    return std::chrono::floor<std::chrono::days>(core.clock());
+// Nothing can be answered to the move itself.
+std::optional<Bytes> AllowMove(Core& core) {
+    if (!core.HasRoom()) return std::nullopt;
+    return Bytes{};
 }
 
 // What speaks against the move, if anything does.
@@ -39,8 +41,9 @@ std::string_view Objection(const Core& core, int later, std::span<const std::uin
     const int minutes = digits[0] * 10 + digits[1];
     if (later > 1 || digits[0] > 9 || digits[1] > 9 || minutes < 1 || minutes > kMostMinutes)
         return "refused: 1 to 60 minutes";
-    if (core.receipt_counter != 0) return "refused: a daily report has to come first";
-    if (core.clock_moved && Day(core) <= *core.clock_moved) return "refused: moved today already";
+    if (core.working().counters.receipts != 0) return "refused: a daily report has to come first";
+    if (core.working().clock.moved && core.today() <= *core.working().clock.moved)
+        return "refused: moved today already";
     return "";
 }
 
@@ -52,12 +55,15 @@ Bytes MoveClock(Core& core, const Record& record) {
         core.Note(objection);
         return {};
     }
-    const std::chrono::sys_days today = Day(core);
     const std::chrono::minutes minutes{digits[0] * 10 + digits[1]};
+    const auto before = core.clock();
+    const auto move = later != 0 ? minutes : -minutes;
+    const auto moved_to = std::chrono::floor<std::chrono::days>(before + move);
+    const Change change{.clock = {{.shift = core.working().clock.shift + move,
+                                   .moved = std::max(core.today(), moved_to)}}};
+    if (!core.Commit(Point::Clock, change)) return {};
     core.printer.Columns(LineKind::Notice, "ZMIANA CZASU",
-                         fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
-    core.clock_shift += later != 0 ? minutes : -minutes;
-    core.clock_moved = std::max(today, Day(core));
+                         fmt::format("{:%Y-%m-%d %H:%M}", before));
     core.printer.Columns(LineKind::Notice, "Nowy czas",
                          fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
     core.printer.Text(LineKind::Notice, "");
@@ -84,6 +90,7 @@ constexpr Command kCommands[] = {
      .early = 1,
      .layout = kMove,
      .moment = Moment::NoDocument,
+     .accept = AllowMove,
      .execute = MoveClock},
 };
 

@@ -15,14 +15,15 @@ constexpr Field kGroupAndBytes[] = {
 };
 
 Bytes ReadGroup(Core& core, const Record& record) {
-    const ConfigurationGroup& group = core.configuration[record.Byte("group")];
+    const ConfigurationGroup& group = core.working().configuration[record.Byte("group")];
     return {kStatusDone, group[0], group[1], group[2]};
 }
 
 Bytes WriteGroup(Core& core, const Record& record) {
-    core.configuration[record.Byte("group")] = {record.Byte("byte 1"), record.Byte("byte 2"),
-                                                record.Byte("byte 3")};
-    return {kStatusDone};
+    const ConfigurationGroup group = {record.Byte("byte 1"), record.Byte("byte 2"),
+                                      record.Byte("byte 3")};
+    const Change change{.configuration = {{record.Byte("group"), group}}};
+    return {core.Commit(Point::Configuration, change) ? kStatusDone : kRefusal};
 }
 
 constexpr Command kCommands[] = {

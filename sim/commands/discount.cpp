@@ -36,7 +36,7 @@ Bytes PercentDiscount(Core& core, const Record& record) {
 
 std::optional<Bytes> ReceiptTotals(Core& core) {
     static constexpr std::size_t kTotalLength = 4;
-    const Receipt& receipt = core.receipt;
+    const Receipt& receipt = core.receipt();
     Bytes bytes(kRates * kTotalLength);
     for (int rate = 0; rate < kRates; ++rate) {
         const auto total =

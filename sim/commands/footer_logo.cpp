@@ -44,61 +44,65 @@ bool CheckSumHolds(const Record& record, const char* label) {
 
 // The line that was sent last has come once more: to the device that is a fault of the host.
 bool Repeats(const Core& core, const Record& record) {
-    return std::ranges::equal(core.last_setup, record.data());
+    return std::ranges::equal(core.session.last_setup, record.data());
 }
 
 // What receipts have been printed with goes into a daily report before it can change again.
 bool MayChange(const Core& core, bool changed) {
-    return core.receipt_counter == 0 || !changed;
+    return core.working().counters.receipts == 0 || !changed;
 }
 
 std::uint8_t WriteFooterLine(Core& core, const Record& record) {
     const std::size_t number = record.Byte("line");
     const auto text = record.Raw("text");
     if (!CheckSumHolds(record, "text")) return refusal::kCheckSum;
-    if (number >= core.footer.size()) return refusal::kNoSuchLine;
+    if (number >= core.working().footer.size()) return refusal::kNoSuchLine;
     if (!IsPrintable(text)) return refusal::kControlCharacter;
     if (Repeats(core, record)) return refusal::kRepeated;
-    FooterLine& line = core.footer[number];
-    if (std::ranges::equal(line.text, text)) return kStatusDone;
+    const FooterLine& line = core.working().footer[number];
+    if (line.text && std::ranges::equal(*line.text, text)) return kStatusDone;
     if (!MayChange(core, line.changed)) return refusal::kDailyReportFirst;
-    line.text.assign(text.begin(), text.end());
-    line.changed = core.receipt_counter != 0;
-    return kStatusDone;
+    const FooterLine written{.text = Bytes(text.begin(), text.end()),
+                             .changed = core.working().counters.receipts != 0};
+    const Change change{.footer = {{number, written}}};
+    return core.Commit(Point::FooterLine, change) ? kStatusDone : kRefusal;
 }
 
 // Rows have to come in order, from the top; the logo is in force once it has come to its end.
 std::uint8_t WriteLogoLine(Core& core, const Record& record) {
-    LogoMemory& logo = core.logo;
+    const LogoMemory& logo = core.working().logo;
+    ComingLogo& coming = core.session.logo;
     const std::size_t number = record.Byte("line");
     const auto dots = record.Raw("dots");
     if (!CheckSumHolds(record, "dots")) return refusal::kCheckSum;
-    if (number >= logo.coming.rows.size()) return refusal::kNoSuchLine;
+    if (number >= coming.logo.rows.size()) return refusal::kNoSuchLine;
     if (Repeats(core, record)) return refusal::kRepeated;
-    if (number != 0 && number != logo.next) return refusal::kDataMissing;
+    if (number != 0 && number != coming.next) return refusal::kDataMissing;
     if (!MayChange(core, logo.changed)) return refusal::kDailyReportFirst;
-    std::ranges::copy(dots, logo.coming.rows[number].begin());
-    logo.next = number + 1;
-    if (logo.next < logo.coming.rows.size()) return kStatusDone;
-    logo.next = 0;
-    logo.changed = core.receipt_counter != 0 && logo.complete != logo.coming;
-    logo.complete = logo.coming;
-    core.Note("the logo is complete");
+    std::ranges::copy(dots, coming.logo.rows[number].begin());
+    if (number + 1 == coming.logo.rows.size()) {
+        const bool changed = core.working().counters.receipts != 0 && logo.complete != coming.logo;
+        const LogoMemory complete{.complete = coming.logo, .changed = changed};
+        if (!core.Commit(Point::Logo, {.logo = complete})) return kRefusal;
+        core.Note("the logo is complete");
+    }
+    coming.next = (number + 1) % coming.logo.rows.size();
     return kStatusDone;
 }
 
 template <std::uint8_t (*Write)(Core&, const Record&)>
 Bytes WriteLine(Core& core, const Record& record) {
     const std::uint8_t answer = Write(core, record);
-    if (answer == kStatusDone) core.last_setup.assign(record.data().begin(), record.data().end());
+    if (answer == kStatusDone)
+        core.session.last_setup.assign(record.data().begin(), record.data().end());
     return {answer};
 }
 
 Bytes ReadFooterLine(Core& core, const Record& record) {
     const std::uint8_t number = record.Byte("line");
-    if (number >= core.footer.size()) return {refusal::kNoSuchLine};
+    if (number >= core.working().footer.size()) return {refusal::kNoSuchLine};
     Bytes answer{kStatusDone, number};
-    const Bytes& text = core.footer[number].text;
+    const Bytes text = core.working().footer[number].text.value_or(Bytes{});
     answer.insert(answer.end(), text.begin(), text.end());
     answer.resize(2 + 40, ' ');
     return answer;

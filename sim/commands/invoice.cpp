@@ -32,7 +32,7 @@ std::string AdditionalTextOf(const Core& core, std::span<const std::uint8_t> tex
 }
 
 std::optional<Bytes> AllowInvoice(Core& core) {
-    Require(!core.receipt.open(), Reason::WrongOrder);
+    Require(!core.receipt().open(), Reason::WrongOrder);
     if (!ReceiptAllowed(core)) return std::nullopt;
     return Bytes{};
 }
@@ -40,8 +40,8 @@ std::optional<Bytes> AllowInvoice(Core& core) {
 Bytes BeginInvoice(Core& core, const Record& record) {
     const auto number = record.Raw("number");
     if (!IsPrintable(number)) return {kUnprintableText};
-    BeginReceipt(core, Invoice{TextOf(core, number), {}, {}});
-    return {kStatusDone};
+    const bool begun = BeginReceipt(core, Invoice{TextOf(core, number), {}, {}});
+    return {begun ? kStatusDone : kRefusal};
 }
 
 Bytes TakeBuyer(Core& core, const Record& record) {

@@ -43,9 +43,10 @@ Bytes TakePackage(Core& core, const Record& record) {
                           .quantity = record.Word("quantity"),
                           .price = record.Number("price")};
     const bool known = (sign == '-' || sign == ' ') && (kind == 'S' || kind == 'Z');
-    if (!known || !Possible(core.receipt, package)) return {kRefusal};
-    core.receipt.packages.push_back(package);
-    core.Note("to pay " + Money(core.receipt.to_pay()));
+    if (!known || !Possible(core.receipt(), package) || !core.Commit(Point::Package))
+        return {kRefusal};
+    core.receipt().packages.push_back(package);
+    core.Note("to pay " + Money(core.receipt().to_pay()));
     return {kAcknowledgement};
 }
 

@@ -97,15 +97,14 @@ Bytes Change(Core& core, const Record& record) {
 }
 
 Bytes Currency(Core& core, const Record& record) {
-    core.receipt.currency_payments.push_back(
-        {fmt::format("{} kurs {} / {}", CurrencyName(record), RateAsText(record),
-                     record.Byte("quantity")),
-         AmountOf(record, "subtotal")});
+    AddCurrencyPayments(core, {{fmt::format("{} kurs {} / {}", CurrencyName(record),
+                                            RateAsText(record), record.Byte("quantity")),
+                                AmountOf(record, "subtotal")}});
     return {};
 }
 
 Bytes CurrencyTotal(Core& core, const Record& record) {
-    if (core.Is(kCancelsBeforeFirstItem) && core.receipt.sales.empty()) {
+    if (core.Is(kCancelsBeforeFirstItem) && core.receipt().sales.empty()) {
         core.Cancel(Reason::ByHost);
         return {kAcknowledgement};
     }
@@ -113,11 +112,11 @@ Bytes CurrencyTotal(Core& core, const Record& record) {
     const std::int64_t total = AmountOf(record, "total");
     const std::int64_t change_in_currency = AmountOf(record, "change in currency");
     const std::int64_t change = AmountOf(record, "change");
-    auto& payments = core.receipt.currency_payments;
-    payments.push_back({"Zapłacono w walucie", in_currency});
-    payments.push_back({"Wartość w PLN", total});
+    std::vector<CurrencyPayment> payments = {{"Zapłacono w walucie", in_currency},
+                                             {"Wartość w PLN", total}};
     if (change_in_currency != 0) payments.push_back({"Reszta w walucie", change_in_currency});
     if (change != 0) payments.push_back({"Reszta w PLN", change});
+    AddCurrencyPayments(core, payments);
     return {};
 }
 
@@ -128,9 +127,10 @@ Bytes AdditionalCurrency(Core& core, const Record& record) {
     const int decimals = record.Byte("decimals of rate");
     Require(decimals <= kLargestRateDecimals, Reason::WrongCurrencyPayment);
     const char* label = record.Byte("is change") != 0 ? "Reszta " : "";
-    core.receipt.currency_payments.push_back(
-        {fmt::format("{}{} {} kurs {}", label, Money(in_currency), name, Quantity(rate, decimals)),
-         AmountOf(record, "paid")});
+    AddCurrencyPayments(
+        core,
+        {{fmt::format("{}{} {} kurs {}", label, Money(in_currency), name, Quantity(rate, decimals)),
+          AmountOf(record, "paid")}});
     return {};
 }
 

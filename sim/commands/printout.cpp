@@ -146,7 +146,7 @@ constexpr TextFrame kFrames[] = {
 }  // namespace
 
 const Command* BareLine(const Core& core) {
-    switch (core.printout.kind) {
+    switch (core.session.printout.kind) {
         case PrintoutKind::None:
             return nullptr;
         case PrintoutKind::Lines:

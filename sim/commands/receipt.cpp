@@ -19,13 +19,13 @@ constexpr Field kTotal[] = {
 };
 
 std::optional<Bytes> Begin(Core& core) {
-    if (!core.receipt.open() && !ReceiptAllowed(core)) return std::nullopt;
-    BeginReceipt(core);
+    if (!core.receipt().open() && !ReceiptAllowed(core)) return std::nullopt;
+    if (!BeginReceipt(core)) return std::nullopt;
     return Bytes{};
 }
 
 std::optional<Bytes> End(Core& core) {
-    EndReceipt(core);
+    if (!EndReceipt(core)) return std::nullopt;
     return Bytes{};
 }
 
@@ -33,7 +33,7 @@ std::optional<Bytes> End(Core& core) {
 // refused. A printout left open is ended as well.
 std::optional<Bytes> CancelByHost(Core& core) {
     EndPrintout(core);
-    if (!core.receipt.open()) return std::nullopt;
+    if (!core.receipt().open()) return std::nullopt;
     core.Cancel(Reason::ByHost);
     return Bytes{};
 }

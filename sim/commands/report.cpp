@@ -24,11 +24,11 @@ constexpr Field kFromMemory[] = {
 };
 
 std::optional<Bytes> DailyReportOrRefusal(Core& core) {
-    const bool empty_refused = core.receipt_counter == 0 && !core.Is(kReportsEmptyDays);
+    const bool empty_refused = core.working().counters.receipts == 0 && !core.Is(kReportsEmptyDays);
     if (empty_refused || !PrintoutAllowed(core) || core.faults.read_only ||
-        core.report_number() == kLastReportNumber)
+        core.fiscal().report_number() == kLastReportNumber)
         return std::nullopt;
-    MakeDailyReport(core);
+    if (!MakeDailyReport(core)) return std::nullopt;
     return Bytes{};
 }
 
@@ -45,7 +45,7 @@ std::optional<Bytes> AllowPrintout(Core& core) {
 }
 
 std::optional<Bytes> ReportNumber(Core& core) {
-    const int number = core.report_number();
+    const int number = core.fiscal().report_number();
     core.Note(fmt::format("report {}", number));
     return Bytes{static_cast<std::uint8_t>(number), static_cast<std::uint8_t>(number >> 8)};
 }

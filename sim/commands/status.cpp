@@ -54,19 +54,19 @@ std::optional<Bytes> FurtherStatus(Core&) {
 }
 
 std::optional<Bytes> ReceiptState(Core& core) {
-    core.Note(core.receipt.open() ? "a receipt is open" : "no receipt is open");
-    return Bytes{Bits(core.receipt.open(), kReceiptOpenBit)};
+    core.Note(core.receipt().open() ? "a receipt is open" : "no receipt is open");
+    return Bytes{Bits(core.receipt().open(), kReceiptOpenBit)};
 }
 
 std::optional<Bytes> CancellationCode(Core& core) {
-    core.Note(fmt::format("reason {}", static_cast<int>(core.cancellation)));
-    return Bytes{static_cast<std::uint8_t>(core.cancellation)};
+    core.Note(fmt::format("reason {}", static_cast<int>(core.working().counters.cancellation)));
+    return Bytes{static_cast<std::uint8_t>(core.working().counters.cancellation)};
 }
 
 std::optional<Bytes> ReceiptCounter(Core& core) {
-    core.Note(fmt::format("{} receipts", core.receipt_counter));
-    return Bytes{static_cast<std::uint8_t>(core.receipt_counter),
-                 static_cast<std::uint8_t>(core.receipt_counter >> 8)};
+    core.Note(fmt::format("{} receipts", core.working().counters.receipts));
+    return Bytes{static_cast<std::uint8_t>(core.working().counters.receipts),
+                 static_cast<std::uint8_t>(core.working().counters.receipts >> 8)};
 }
 
 std::optional<Bytes> ResumePrinting(Core& core) {
@@ -133,7 +133,7 @@ constexpr Command kCommands[] = {
 std::uint8_t StatusA(const Core& core) {
     using namespace status_a;
     const FaultPanel& faults = core.faults;
-    const bool document_waits = core.printer.halted() && !core.receipt.open();
+    const bool document_waits = core.printer.halted() && !core.receipt().open();
     return Bits(faults.cmos_erased, kCmosErased | kMemoryErased) |
            Bits(faults.document_in_memory || document_waits, kDocumentInMemory) |
            Bits(faults.pending_daily_report, kPendingDailyReport) |
@@ -146,7 +146,7 @@ std::uint8_t StatusB(const Core& core) {
     const FaultPanel& faults = core.faults;
     return Bits(faults.print_buffer_filled || core.printer.halted(), kPrintBufferFilled) |
            Bits(faults.no_paper, kNoPaper) | Bits(faults.printer_failure, kPrinterFailure) |
-           Bits(core.receipt.cancelled, kReceiptCancelled) |
+           Bits(core.receipt().cancelled, kReceiptCancelled) |
            Bits(faults.print_halted || core.printer.halted(), kPrintHalted) |
            Bits(faults.no_printer_controller, kNoPrinterController);
 }
@@ -169,7 +169,7 @@ std::span<const Command> StatusCommands() {
 bool PrintoutAllowed(const Core& core) {
     constexpr int kForbidden =
         status_b::kPrinterFailure | status_b::kPrintHalted | status_b::kNoPrinterController;
-    return (StatusB(core) & kForbidden) == 0;
+    return (StatusB(core) & kForbidden) == 0 && core.HasRoom();
 }
 
 bool ReceiptAllowed(const Core& core) {
@@ -179,7 +179,8 @@ bool ReceiptAllowed(const Core& core) {
                                 status_b::kPrintHalted | status_b::kNoPrinterController;
     return (StatusA(core) & kForbiddenA) == 0 && (StatusB(core) & kForbiddenB) == 0 &&
            StatusC(core) == (status_c::kProducerData | status_c::kUserData) && StatusD(core) == 0 &&
-           !core.printout.open() && AnyRateInUse(core.model.rate_table, core.rates);
+           !core.session.printout.open() &&
+           AnyRateInUse(core.model.rate_table, core.fiscal().rates);
 }
 
 }  // namespace sim

@@ -12,7 +12,8 @@ std::uint8_t StatusB(const Core& core);
 std::uint8_t StatusC(const Core& core);
 std::uint8_t StatusD(const Core& core);
 
-/// Whether the printing unit is fit for a document. Without paper it takes one and waits.
+/// Whether the printing unit is fit for a document, which without paper it takes and lets wait, and
+/// whether there is room to count it.
 bool PrintoutAllowed(const Core& core);
 /// Whether a receipt may be opened, as the status bytes tell the host, and some VAT rate is in use.
 bool ReceiptAllowed(const Core& core);

@@ -62,22 +62,29 @@ int UserLineLength(std::span<const std::uint8_t> line_and_mode) {
 Bytes WriteUserLine(Core& core, const Record& record) {
     const auto text = record.Raw("text");
     if (!IsPrintable(text)) return {kUnprintable};
-    core.user_lines[record.Byte("line")] = {record.Byte("mode"), TextOf(core, text)};
-    return {kStatusDone};
+    const UserLine line{record.Byte("mode"), TextOf(core, text)};
+    const Change change{.user_lines = {{record.Byte("line"), line}}};
+    return {core.Commit(Point::UserLine, change) ? kStatusDone : kRefusal};
 }
 
-void SetCodes(Core& core, std::span<const std::uint8_t> cash_register,
+bool SetCodes(Core& core, std::span<const std::uint8_t> cash_register,
               std::span<const std::uint8_t> cashier) {
-    CashierCodes& codes = core.cashier_codes;
-    codes = {TextOf(core, cash_register), TextOf(core, cashier)};
+    const CashierCodes codes{TextOf(core, cash_register), TextOf(core, cashier)};
     core.Note(fmt::format(R"(register "{}", cashier "{}")", codes.cash_register, codes.cashier));
+    return core.Commit(Point::Codes, {.cashier_codes = codes});
+}
+
+// Nothing can be answered to the short codes themselves.
+std::optional<Bytes> AllowCodes(Core& core) {
+    if (!core.HasRoom()) return std::nullopt;
+    return Bytes{};
 }
 
 Bytes ShortCodes(Core& core, const Record& record) {
-    if (IsPrintable(record.data()))
-        SetCodes(core, record.Raw("register"), record.Raw("cashier"));
-    else
+    if (!IsPrintable(record.data()))
         core.Note("unprintable codes");
+    else if (!SetCodes(core, record.Raw("register"), record.Raw("cashier")))
+        core.Note("no room");
     return {};
 }
 
@@ -90,8 +97,8 @@ Bytes LongCodes(Core& core, std::span<const std::uint8_t> content) {
     const bool possible = content.size() == kRegister + kCashier && IsPrintable(content) &&
                           std::ranges::all_of(content.first(kRegister), digit_or_blank);
     if (!possible) throw MalformedFrame{};
-    SetCodes(core, content.first(kRegister), content.subspan(kRegister));
-    return {kAcknowledgement};
+    const bool set = SetCodes(core, content.first(kRegister), content.subspan(kRegister));
+    return {set ? kAcknowledgement : kRefusal};
 }
 
 constexpr Command kCommands[] = {
@@ -127,6 +134,7 @@ constexpr Command kCommands[] = {
      .layout = kCodes,
      .models = kShortCodes,
      .moment = Moment::NoReceipt,
+     .accept = AllowCodes,
      .execute = ShortCodes},
 };
 

@@ -17,15 +17,15 @@ constexpr int kUniqueNumberLength = 11;
 
 std::optional<Bytes> TotalsPerRate(Core& core) {
     Bytes bytes;
-    for (const std::int64_t total : core.day_totals)
+    for (const std::int64_t total : core.working().counters.totals)
         for (int i = 0; i < kTotalLength; ++i)
             bytes.push_back(static_cast<std::uint8_t>(static_cast<std::uint64_t>(total) >> 8 * i));
-    core.Note(fmt::format("day's total {}", Money(Sum(core.day_totals))));
+    core.Note(fmt::format("day's total {}", Money(Sum(core.working().counters.totals))));
     return bytes;
 }
 
 std::optional<Bytes> UniqueNumber(Core& core) {
-    const std::string& number = core.options.unique_number;
+    const std::string& number = core.fiscal().unique_number;
     return Bytes(number.begin(), number.end());
 }
 
@@ -49,7 +49,8 @@ Bytes Totalizers(const RateAmounts& amounts) {
 Bytes Counters(const Core& core) {
     Bytes body;
     for (const int number :
-         {int{core.receipt_counter}, core.cancelled_receipts, core.report_number()}) {
+         {int{core.working().counters.receipts}, core.working().counters.cancelled_receipts,
+          core.fiscal().report_number()}) {
         body.push_back(static_cast<std::uint8_t>(number >> 8));
         body.push_back(static_cast<std::uint8_t>(number));
     }
@@ -60,9 +61,9 @@ Bytes TellFigures(Core& core, std::span<const std::uint8_t> selector) {
     if (selector.size() != 1) throw MalformedFrame{};
     switch (selector[0]) {
         case '0':
-            return Totalizers(core.day_totals);
+            return Totalizers(core.working().counters.totals);
         case '2':
-            return Totalizers(TaxesIn(core.day_totals, core.rates));
+            return Totalizers(TaxesIn(core.working().counters.totals, core.fiscal().rates));
         case '4':
             return Counters(core);
         default:

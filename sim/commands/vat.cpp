@@ -20,21 +20,21 @@ constexpr Field kFourRateTable[] = {
 };
 
 std::optional<Bytes> ReadRates(Core& core) {
-    return EncodeRates(core.model.rate_table, core.rates);
+    return EncodeRates(core.model.rate_table, core.fiscal().rates);
 }
 
 // Rates change only right after a daily report, before the first sale.
 std::optional<Bytes> AllowRates(Core& core) {
-    if (core.receipt_counter != 0) return std::nullopt;
+    if (core.working().counters.receipts != 0 || !core.HasRoom()) return std::nullopt;
     return Bytes{};
 }
 
 Bytes WriteRates(Core& core, const Record& record) {
-    core.SetRates(DecodeRates(core.model.rate_table, record.Raw("rates")));
+    if (!core.SetRates(DecodeRates(core.model.rate_table, record.Raw("rates")))) return {};
     core.printer.Centred(LineKind::Notice, "ZMIANA STAWEK PTU");
     for (int rate = 0; rate < kRates; ++rate)
         core.printer.Columns(LineKind::Notice, std::string("PTU ") + RateLetter(rate),
-                             RateText(core.rates[static_cast<std::size_t>(rate)]));
+                             RateText(core.fiscal().rates[static_cast<std::size_t>(rate)]));
     core.printer.Text(LineKind::Notice, "");
     return {};
 }
