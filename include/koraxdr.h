@@ -260,14 +260,18 @@ KORAX_API char* KORAX_CALL xDllVersion(void);
 KORAX_API int32_t KORAX_CALL pDllAuthor(char* Buffer);
 KORAX_API char* KORAX_CALL xDllAuthor(void);
 
-#if !defined(_WIN32)
-/* Names the device behind a COM port, for the next opening. Without it COM n is /dev/ttyS(n-1).
+/* Names the device behind a COM port, for the next opening. Without it COM n is COMn on Windows
+ * and /dev/ttyS(n-1) elsewhere.
  *   Port        1 to 255
- *   DevicePath  at most 256 characters, for example "/dev/ttyUSB0"; an empty path restores the
- *               default
- * Errors: 215 (port or length out of range), 225. Not on Windows. */
+ *   DevicePath  at most 256 characters:
+ *               "/dev/ttyUSB0"        a serial device, not on Windows
+ *               "tcp://HOST:PORT"     a TCP connection: a simulated device, or a converter that
+ *                                     passes bytes as they are. HOST is an IPv4 address, an IPv6
+ *                                     address in brackets, or localhost; PORT 1 to 65535. It is
+ *                                     connected to within the send time-out; BaudRate is not used
+ *               ""                    the default again
+ * Errors: 215 (port, length or address), 225. */
 KORAX_API int32_t KORAX_CALL SetPortDevice(int32_t Port, const char* DevicePath);
-#endif
 
 /* ---- Device ---- */
 

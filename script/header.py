@@ -10,8 +10,6 @@ HEADER = ROOT / "include/koraxdr.h"
 TOKEN = re.compile(r"/\*(?P<comment>.*?)\*/|KORAX_API (?P<declaration>[^;#]*KORAX_CALL[^;#]*);"
                    r"|#define (?P<constant>KORAXDR_VERSION\w*|KORAX_(?:E|RATE|TYPE)_\w+)"
                    r"(?P<value>(?:[^/\\\n]|\\\n)+)", re.DOTALL)
-# What stands between these directives is not there on Windows.
-POSIX_ONLY = re.compile(r"^#if !defined\(_WIN32\)\n(.*?)^#endif", re.DOTALL | re.MULTILINE)
 DECLARATION = re.compile(r"(?P<result>.+?) ?(?P<name>\w+)\((?P<parameters>.*)\)")
 
 
@@ -26,7 +24,6 @@ class Function:
     name: str
     result: str  # the C type, as "char*"
     parameters: tuple  # of (C type, name)
-    posix_only: bool
 
 
 def plain(comment):
@@ -74,12 +71,11 @@ def entries(header):
         yield "function", comment, signatures
 
 
-def function(one, header):
+def function(one):
     """The function that a signature of entries() declares."""
     parts = DECLARATION.fullmatch(one)
     parameters = [] if parts["parameters"] == "void" else parts["parameters"].split(", ")
     return Function(
         parts["name"],
         parts["result"],
-        tuple(tuple(parameter.rsplit(" ", 1)) for parameter in parameters),
-        any(f" {parts['name']}(" in block for block in POSIX_ONLY.findall(header)))
+        tuple(tuple(parameter.rsplit(" ", 1)) for parameter in parameters))

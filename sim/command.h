@@ -92,10 +92,7 @@ bool InPlace(const Core& core, Moment moment);
 struct Command {
     std::uint8_t code = 0;
     const char* name = "";
-    const char* id = "";  // for scripts and decoded recordings: never changes; several layouts of
-                          // one thing share it
-    int early = 0;        // bytes answered before the data, the acknowledgement included
-    int late = 0;         // bytes answered to data that are taken, at least
+    int early = 0;  // bytes answered before the data, the acknowledgement included
     bool status_byte =
         false;  // the early answer is one byte of data in place of the acknowledgement
     DataEnd data_end = DataEnd::Counted;

@@ -20,7 +20,6 @@ struct MalformedFrame {};
 struct TextFrame {
     std::string_view prefix;
     const char* name = "";
-    const char* id = "";  // as that of a command
     ModelSet models = kAllModels;
     Moment moment = Moment::Anytime;
     /// Takes what follows the prefix; returns the whole answer.

@@ -212,9 +212,7 @@ procedure pDllVersion(Buffer: PAnsiChar);
 function xDllVersion: UnicodeString;
 procedure pDllAuthor(Buffer: PAnsiChar);
 function xDllAuthor: UnicodeString;
-{$IFNDEF MSWINDOWS}
 procedure SetPortDevice(Port: Int32; DevicePath: PAnsiChar);
-{$ENDIF}
 
 { Device }
 
@@ -382,10 +380,8 @@ function Native_xDllVersion: PAnsiChar; winapi; external KoraxLibrary name 'xDll
 function Native_pDllAuthor(Buffer: PAnsiChar): Int32;
     winapi; external KoraxLibrary name 'pDllAuthor';
 function Native_xDllAuthor: PAnsiChar; winapi; external KoraxLibrary name 'xDllAuthor';
-{$IFNDEF MSWINDOWS}
 function Native_SetPortDevice(Port: Int32; DevicePath: PAnsiChar): Int32;
     winapi; external KoraxLibrary name 'SetPortDevice';
-{$ENDIF}
 function Native_DeviceType(var AType, Version: Int32): Int32;
     winapi; external KoraxLibrary name 'DeviceType';
 function Native_xDeviceType: Int32; winapi; external KoraxLibrary name 'xDeviceType';
@@ -603,12 +599,10 @@ begin
   Result := Value('xDllAuthor', Native_xDllAuthor);
 end;
 
-{$IFNDEF MSWINDOWS}
 procedure SetPortDevice(Port: Int32; DevicePath: PAnsiChar);
 begin
   Check('SetPortDevice', Native_SetPortDevice(Port, DevicePath));
 end;
-{$ENDIF}
 
 procedure DeviceType(var AType, Version: Int32);
 begin

@@ -73,7 +73,7 @@ def load(file: str | os.PathLike[str] | None = None) -> None:
 
 @contextlib.contextmanager
 def session(device: int | str | os.PathLike[str], baud: int = 9600, timeout: int = 5):
-    """A session with the device on a COM port, or on Linux behind a path, ended in any case. There is
+    """A session with the device on a COM port, or behind a path or an address, ended in any case. There is
     one at a time: a second raises RuntimeError. A path takes COM port 255 for as long."""
     if not _session.acquire(blocking=False):
         raise RuntimeError("a session stands already")
@@ -94,8 +94,6 @@ def _named(device):
     if not isinstance(device, (str, os.PathLike)):
         yield device
         return
-    if _WINDOWS:
-        raise ValueError("on Windows the device is named by its COM port's number")
     SetPortDevice(_PORT_OF_PATH, device)
     try:
         yield _PORT_OF_PATH
@@ -497,14 +495,19 @@ def xDllAuthor() -> str:
     return _twin_text("xDllAuthor")
 
 
-if sys.platform != "win32":
-    def SetPortDevice(Port: int, DevicePath: str | os.PathLike[str]) -> None:
-        """Names the device behind a COM port, for the next opening. Without it COM n is /dev/ttyS(n-1).
-          Port        1 to 255
-          DevicePath  at most 256 characters, for example "/dev/ttyUSB0"; an empty path restores the
-                      default
-        Errors: 215 (port or length out of range), 225. Not on Windows."""
-        _checked("SetPortDevice", _int32("Port", Port), _path("DevicePath", DevicePath))
+def SetPortDevice(Port: int, DevicePath: str | os.PathLike[str]) -> None:
+    """Names the device behind a COM port, for the next opening. Without it COM n is COMn on Windows
+    and /dev/ttyS(n-1) elsewhere.
+      Port        1 to 255
+      DevicePath  at most 256 characters:
+                  "/dev/ttyUSB0"        a serial device, not on Windows
+                  "tcp://HOST:PORT"     a TCP connection: a simulated device, or a converter that
+                                        passes bytes as they are. HOST is an IPv4 address, an IPv6
+                                        address in brackets, or localhost; PORT 1 to 65535. It is
+                                        connected to within the send time-out; BaudRate is not used
+                  ""                    the default again
+    Errors: 215 (port, length or address), 225."""
+    _checked("SetPortDevice", _int32("Port", Port), _path("DevicePath", DevicePath))
 
 
 # ---- Device ----

@@ -45,8 +45,6 @@ Bytes RunFrame(Core& core, const Record& record) {
 constexpr Command kCommands[] = {
     {.code = kFrameBegin,
      .name = "text frame",
-     .id = "text-frame",
-     .late = 1,
      .data_end = DataEnd::Frame,
      .layout = kFrame,
      .execute = RunFrame},

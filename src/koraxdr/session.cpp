@@ -7,6 +7,7 @@
 #include "koraxdr/state.h"
 #include "port/opening.h"
 #include "port/sysseria.h"
+#include "trace/line_trace.h"
 
 namespace {
 
@@ -46,6 +47,7 @@ int32_t OtworzPort(uint8_t port, int32_t baud, int32_t write_timeout_s, int32_t 
     SzybkoscTransmisji = baud;
     TimeoutNadawania = write_timeout_s;
     TimeoutOdbierania = read_timeout_s;
+    UstalZapisLinii();
     UstawNumerBledu(0);  // the outcome of an older exchange is none of the opening's
     InicjujKompletniePortSzeregowy();
     return ZainicjowanoPortSzeregowy ? KORAX_E_OK : KORAX_E_PORT;

@@ -38,8 +38,9 @@ inline constexpr uint8_t kLineCarrier = 0x80;
 // Writes the system's name of port `number`; false when there is no such name.
 bool BuildDeviceName(DeviceKind kind, uint32_t number, DeviceName& name);
 
-// Opens the device for this process alone. kNoLine and `error` on failure.
-LineHandle OpenLine(const char* name, uint32_t& error);
+// Opens the device for this process alone; a connection in its place (platform/connection.h) within
+// the time. kNoLine and `error` on failure.
+LineHandle OpenLine(const char* name, uint32_t connect_timeout_s, uint32_t& error);
 
 // Raw 8-bit line with these settings, no software flow control, DTR and RTS not driven by the
 // system. 0, or the system's error.

@@ -59,7 +59,7 @@ bool Odebrano(platform::SocketHandle socket, uint8_t& byte, int32_t timeout_s) {
     byte = 0;
     if (Bezczynne()) return true;
     return socket != platform::kNoSocket &&
-           platform::ReceiveByte(socket, byte, Milisekundy(timeout_s));
+           platform::ReceiveSome(socket, &byte, 1, Milisekundy(timeout_s)) == 1;
 }
 
 // --- programming ---------------------------------------------------------------------------------

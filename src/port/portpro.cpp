@@ -1,6 +1,7 @@
 #include "port/portpro.h"
 
 #include "platform/clock.h"
+#include "trace/line_trace.h"
 
 PortRecord TablicaPortow[kLiczbaRekordowPortow];
 uint32_t PortSelector = 1;
@@ -10,6 +11,7 @@ namespace {
 constexpr uint32_t kOczekiwaniePoOtwarciuMs = 100;
 constexpr uint32_t kOczekiwaniePoUstawieniuMs = 100;
 constexpr uint32_t kOczekiwaniePrzedParzystosciaMs = 50;
+constexpr uint32_t kCzasLaczeniaS = 3;  // where nobody gave a time-out
 
 PortRecord& AktywnyRekord() {
     return TablicaPortow[PortSelector];
@@ -38,8 +40,9 @@ uint32_t OtworzPort(platform::DeviceKind kind, uint32_t port, uint32_t baud,
     if (!platform::BuildDeviceName(kind, port, record.name)) return platform::kErrorNoSuchDevice;
 
     uint32_t error = 0;
-    record.handle = platform::OpenLine(record.name, error);
+    record.handle = platform::OpenLine(record.name, Sekundy(write_timeout_s), error);
     if (!PortOtwarty()) return error != 0 ? error : platform::kErrorNoSuchDevice;
+    ZapiszOtwarcieLinii(record.name, baud);
 
     platform::PauseMs(kOczekiwaniePoOtwarciuMs);
     record.write_timeout_s = Sekundy(write_timeout_s);
@@ -71,6 +74,7 @@ uint32_t UnInitializePort() {
     if (!PortOtwarty()) return 0;
     const uint32_t error = platform::CloseLine(record.handle);
     record.handle = platform::kNoLine;
+    ZapiszZamkniecieLinii();
     return error;
 }
 
@@ -93,6 +97,7 @@ uint32_t SetSerialParameters() {
 
 uint32_t ClearPort() {
     if (!PortOtwarty()) return kBrakOtwartegoPortu;
+    if (ZapisywacLinie) OproznijZapisLinii();
     const uint32_t error = platform::PurgeOutput(AktywnyRekord().handle);
     return error != 0 ? error : platform::PurgeInput(AktywnyRekord().handle);
 }
@@ -109,11 +114,24 @@ bool WriteByte(uint8_t byte) {
 }
 
 bool ReadByte(uint8_t& byte) {
-    return PortOtwarty() && platform::ReadBytes(AktywnyRekord().handle, &byte, 1) == 1;
+    if (!PortOtwarty()) return false;
+    if (ZapisywacLinie) OproznijZapisWyslanych();
+    const bool read = platform::ReadBytes(AktywnyRekord().handle, &byte, 1) == 1;
+    if (ZapisywacLinie) {
+        if (read) ZapiszBajtyOdebrane(&byte, 1);
+        if (!read) ZapiszUwageOLinii("no byte");
+    }
+    return read;
 }
 
 bool PoslanoCiagBajtow1(const uint8_t* buffer, uint32_t count) {
-    return PortOtwarty() && platform::WriteBytes(AktywnyRekord().handle, buffer, count) == count;
+    if (!PortOtwarty()) return false;
+    const uint32_t written = platform::WriteBytes(AktywnyRekord().handle, buffer, count);
+    if (ZapisywacLinie) {
+        ZapiszBajtyWyslane(buffer, written);
+        if (written != count) ZapiszUwageOLinii("not sent");
+    }
+    return written == count;
 }
 
 uint8_t ModemStatus() {
@@ -159,7 +177,7 @@ bool SerialPortPresent(uint32_t number) {
     platform::DeviceName name;
     if (!platform::BuildDeviceName(platform::DeviceKind::kCom, number, name)) return false;
     uint32_t error = 0;
-    const platform::LineHandle line = platform::OpenLine(name, error);
+    const platform::LineHandle line = platform::OpenLine(name, kCzasLaczeniaS, error);
     if (line == platform::kNoLine) return false;
     platform::CloseLine(line);
     return true;

@@ -65,7 +65,7 @@ class LineTest : public testing::Test {
     ~LineTest() override { Close(); }
     void Open(uint32_t timeout_s) {
         uint32_t error = 0;
-        line = platform::OpenLine(terminal.name, error);
+        line = platform::OpenLine(terminal.name, 1, error);
         ASSERT_EQ(error, 0U);
         ASSERT_EQ(platform::ApplySettings(line, {9600, 8, 2, 0, true, timeout_s, timeout_s}), 0U);
         start = Clock::now();

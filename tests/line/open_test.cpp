@@ -41,7 +41,7 @@ TEST(DeviceNames, FollowTheNumberUnlessNamedOtherwise) {
 
 uint32_t OpenError(const std::string& name) {
     uint32_t error = 0;
-    const platform::LineHandle line = platform::OpenLine(name.c_str(), error);
+    const platform::LineHandle line = platform::OpenLine(name.c_str(), 1, error);
     if (error == 0) platform::CloseLine(line);
     return error;
 }
@@ -79,7 +79,7 @@ TEST_F(Opening, AnOwnerThatEndedWithoutClosingLeavesTheLineFree) {
     const auto open_as_somebody = [&](bool close_it) {
         if (geteuid() == 0 && setuid(65534) != 0) _exit(99);
         uint32_t error = 0;
-        line = platform::OpenLine(terminal.name, error);
+        line = platform::OpenLine(terminal.name, 1, error);
         if (close_it) Close();
         _exit(static_cast<int>(error));
     };
@@ -92,7 +92,7 @@ TEST_F(Opening, ALineNeverTakesTheNumberOfAStandardStreamAndIsRawAtOnce) {
     close(STDIN_FILENO);
     const auto before = OpenDescriptors();
     uint32_t error = 0;
-    line = platform::OpenLine(terminal.name, error);
+    line = platform::OpenLine(terminal.name, 1, error);
     EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), -1);
     EXPECT_EQ(OpenDescriptors(), before + 1);
     dup2(kept, STDIN_FILENO);

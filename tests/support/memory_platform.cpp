@@ -49,12 +49,16 @@ uint32_t Control(LineHandle line, const std::string& operation) {
 
 }  // namespace
 
-bool BuildDeviceName(DeviceKind kind, uint32_t number, DeviceName& name) {
+bool CanNameDevice(const char*) {
+    return true;
+}
+
+bool BuildDefaultName(DeviceKind kind, uint32_t number, DeviceName& name) {
     std::snprintf(name, sizeof name, "%s%u", kind == DeviceKind::kCom ? "COM" : "LPT", number);
     return true;
 }
 
-LineHandle OpenLine(const char* name, uint32_t& error) {
+LineHandle OpenLine(const char* name, uint32_t /*connect_timeout_s*/, uint32_t& error) {
     os.calls.push_back(std::string("open ") + name);
     error = os.vanished || std::string(name) == "COM0" ? kErrorNoSuchDevice : os.open_error;
     if (error == 0 && os.line_open) error = kErrorDeviceInUse;
@@ -138,8 +142,12 @@ void PauseMs(uint32_t ms) {
     os.Wait(ms);
 }
 
-uint64_t MonotonicMs() {
-    return os.now_ms;
+uint64_t MonotonicUs() {
+    return os.now_ms * 1000;
+}
+
+int64_t SecondsSince1970() {
+    return 1'769'860'800;  // 2026-01-31, noon
 }
 
 void ShowNotice(const char* caption, const char* text) {

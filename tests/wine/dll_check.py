@@ -7,8 +7,7 @@ objdump, dll, exports, characteristics, version = sys.argv[1:]
 shown = subprocess.run([objdump, "-p", dll], capture_output=True, text=True, check=True).stdout
 
 with open(exports, encoding="utf-8") as file:
-    lines = [line.split() for line in file if line.strip() and not line.startswith("#")]
-wanted = {line[0] for line in lines if line[1:] != ["posix"]}
+    wanted = {line.strip() for line in file if line.strip() and not line.startswith("#")}
 table = shown.split("[Ordinal/Name Pointer] Table")[1].split("\n\n")[0]
 exported = set(re.findall(r"\[ *\d+\] (\S+)", table))
 assert len(wanted) > 50

@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr DeviceTypes kTypyTylkoKrotkie = {1, 2, 3, 4, 7, 9};
 constexpr DeviceTypes kTypyKrotkiejNazwy = {1, 2, 3, 4};
+constexpr DeviceTypes kTypyUcietegoUkladu = {7, 9};
 constexpr DeviceTypes kTypyBezTekstu = {8, 12};
 
 constexpr int32_t kTola = 8;
@@ -46,7 +46,7 @@ ItemLayout UkladPozycji(std::size_t name_length) {
     // Oddity: Types 7 and 9 get a longer name as a cut layout. The first 49 bytes of the long
     // layout go out with the short one's command, as the devices have always been sent it; they
     // refuse it.
-    if (kTypyTylkoKrotkie.Contains(Urzadzenie)) return ItemLayout::kCutLong;
+    if (kTypyUcietegoUkladu.Contains(Urzadzenie)) return ItemLayout::kCutLong;
     if (name_length <= kNazwaDluga || kTypyBezTekstu.Contains(Urzadzenie)) return ItemLayout::kLong;
     return ItemLayout::kText;
 }

@@ -1,8 +1,8 @@
 #include "platform/clock.h"
 
-#include <cerrno>
+#include <time.h>
 
-#include "platform/posix/deadline.h"
+#include <cerrno>
 
 namespace platform {
 
@@ -18,8 +18,15 @@ void PauseMs(uint32_t ms) {
     SleepMs(ms);
 }
 
-uint64_t MonotonicMs() {
-    return MonotonicUs() / 1'000;
+uint64_t MonotonicUs() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return static_cast<uint64_t>(now.tv_sec) * 1'000'000 +
+           static_cast<uint64_t>(now.tv_nsec) / 1'000;
+}
+
+int64_t SecondsSince1970() {
+    return time(nullptr);
 }
 
 }  // namespace platform

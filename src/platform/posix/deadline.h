@@ -1,19 +1,12 @@
 // A point on the monotonic clock that a wait must not pass.
 #pragma once
 
-#include <time.h>
-
 #include <climits>
 #include <cstdint>
 
-namespace platform {
+#include "platform/clock.h"
 
-inline uint64_t MonotonicUs() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return static_cast<uint64_t>(now.tv_sec) * 1'000'000 +
-           static_cast<uint64_t>(now.tv_nsec) / 1'000;
-}
+namespace platform {
 
 class Deadline {
   public:

@@ -1,38 +1,18 @@
-#include "platform/posix/device_names.h"
+#include "platform/device_names.h"
 
 #include <cstdio>
-#include <cstring>
-
-#include "platform/serial.h"
 
 namespace platform {
-namespace {
 
-constinit DeviceName named_devices[kLastPort]{};  // of COM port index + 1; empty: the default
-
-bool IsPort(uint32_t number) {
-    return number >= 1 && number <= kLastPort;
-}
-
-}  // namespace
-
-bool NameComDevice(uint32_t port, const char* path) {
-    const std::size_t length = strnlen(path, kDeviceNameSize);
-    if (!IsPort(port) || length == kDeviceNameSize) return false;
-    std::memcpy(named_devices[port - 1], path, length + 1);
+bool CanNameDevice(const char*) {
     return true;
 }
 
-bool BuildDeviceName(DeviceKind kind, uint32_t number, DeviceName& name) {
-    if (!IsPort(number)) return false;
-    const uint32_t index = number - 1;
-    if (kind == DeviceKind::kLpt) {
-        std::snprintf(name, sizeof name, "/dev/lp%u", index);
-    } else if (named_devices[index][0] != '\0') {
-        std::memcpy(name, named_devices[index], sizeof name);
-    } else {
-        std::snprintf(name, sizeof name, "/dev/ttyS%u", index);
-    }
+// COM port n is /dev/ttyS(n-1).
+bool BuildDefaultName(DeviceKind kind, uint32_t number, DeviceName& name) {
+    if (number < 1 || number > kLastPort) return false;
+    const char* format = kind == DeviceKind::kCom ? "/dev/ttyS%u" : "/dev/lp%u";
+    std::snprintf(name, sizeof name, format, number - 1);
     return true;
 }
 

@@ -10,6 +10,7 @@
 
 #include <cerrno>
 
+#include "platform/connection.h"
 #include "platform/posix/line.h"
 
 namespace platform {
@@ -70,7 +71,8 @@ int Prepare(int descriptor, bool pseudo_terminal) {
 
 }  // namespace
 
-LineHandle OpenLine(const char* name, uint32_t& error) {
+LineHandle OpenLine(const char* name, uint32_t connect_timeout_s, uint32_t& error) {
+    if (MeansConnection(name)) return OpenConnection(name, connect_timeout_s, error);
     Line* line = FreeLine();
     if (line == nullptr) {
         error = ErrorNumber(EMFILE);
@@ -96,6 +98,7 @@ LineHandle OpenLine(const char* name, uint32_t& error) {
 }
 
 uint32_t CloseLine(LineHandle handle) {
+    if (IsConnection(handle)) return CloseConnection(handle);
     Line* line = FindLine(handle);
     if (line == nullptr) return kErrorNoSuchDevice;
     // The system's own close would wait far longer for bytes that the line does not take.

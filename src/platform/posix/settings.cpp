@@ -5,6 +5,7 @@
 
 #include <cerrno>
 
+#include "platform/connection.h"
 #include "platform/posix/line.h"
 
 namespace platform {
@@ -90,6 +91,7 @@ int MakeRaw(int descriptor) {
 }
 
 uint32_t ApplySettings(LineHandle handle, const LineSettings& settings) {
+    if (IsConnection(handle)) return ApplyConnectionSettings(handle, settings);
     Line* line = FindLine(handle);
     if (line == nullptr) return kErrorNoSuchDevice;
     termios2 modes{};

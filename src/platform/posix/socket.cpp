@@ -40,6 +40,16 @@ bool Connected(int descriptor, const Address& address, uint32_t timeout_ms) {
 
 }  // namespace
 
+bool IsIPv4Address(const char* text) {
+    in_addr parsed;
+    return inet_pton(AF_INET, text, &parsed) == 1;
+}
+
+bool IsIPv6Address(const char* text) {
+    in6_addr parsed;
+    return inet_pton(AF_INET6, text, &parsed) == 1;
+}
+
 SocketHandle ConnectTcp(const char* text, uint16_t port, uint32_t timeout_ms) {
     Address address;
     if (!ParseAddress(text, port, address)) return kNoSocket;
@@ -72,13 +82,13 @@ bool SendAll(SocketHandle socket, const uint8_t* bytes, uint32_t count, uint32_t
     return true;
 }
 
-bool ReceiveByte(SocketHandle socket, uint8_t& byte, uint32_t timeout_ms) {
+uint32_t ReceiveSome(SocketHandle socket, uint8_t* bytes, uint32_t room, uint32_t timeout_ms) {
     const Deadline deadline = After(timeout_ms);
     for (;;) {
-        const ssize_t count = recv(static_cast<int>(socket), &byte, 1, 0);
-        if (count == 1) return true;
-        if (count == 0 || (errno != EINTR && errno != EAGAIN)) return false;
-        if (!WaitFor(static_cast<int>(socket), POLLIN, deadline)) return false;
+        const ssize_t count = recv(static_cast<int>(socket), bytes, room, 0);
+        if (count > 0) return static_cast<uint32_t>(count);
+        if (count == 0 || (errno != EINTR && errno != EAGAIN)) return 0;
+        if (!WaitFor(static_cast<int>(socket), POLLIN, deadline)) return 0;
     }
 }
 

@@ -10,6 +10,7 @@
 #include <cerrno>
 
 #include "platform/clock.h"
+#include "platform/connection.h"
 #include "platform/posix/deadline.h"
 #include "platform/posix/line.h"
 
@@ -95,6 +96,7 @@ bool WaitForOutputCarried(const Line& line) {
 }
 
 uint32_t WriteBytes(LineHandle handle, const uint8_t* bytes, uint32_t count) {
+    if (IsConnection(handle)) return WriteToConnection(handle, bytes, count);
     Line* line = FindLine(handle);
     if (line == nullptr) return 0;
     DiscardLeftOutput(*line);  // it must not leave before what is written now
@@ -116,6 +118,7 @@ uint32_t WriteBytes(LineHandle handle, const uint8_t* bytes, uint32_t count) {
 }
 
 uint32_t ReadBytes(LineHandle handle, uint8_t* bytes, uint32_t count) {
+    if (IsConnection(handle)) return ReadFromConnection(handle, bytes, count);
     Line* line = FindLine(handle);
     if (line == nullptr) return 0;
     const Deadline deadline = ReadDeadline(*line);
@@ -130,11 +133,13 @@ uint32_t ReadBytes(LineHandle handle, uint8_t* bytes, uint32_t count) {
 }
 
 uint32_t PurgeOutput(LineHandle handle) {
+    if (IsConnection(handle)) return 0;  // what a connection took cannot be called back
     Line* line = FindLine(handle);
     return line == nullptr ? kErrorNoSuchDevice : DiscardLeftOutput(*line);
 }
 
 uint32_t PurgeInput(LineHandle handle) {
+    if (IsConnection(handle)) return PurgeConnectionInput(handle);
     Line* line = FindLine(handle);
     if (line == nullptr) return kErrorNoSuchDevice;
     line->input.Discard();

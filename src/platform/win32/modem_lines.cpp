@@ -1,3 +1,4 @@
+#include "platform/connection.h"
 #include "platform/win32/handle.h"
 
 namespace platform {
@@ -6,17 +7,19 @@ static_assert(kLineCts == MS_CTS_ON && kLineDsr == MS_DSR_ON && kLineRing == MS_
               kLineCarrier == MS_RLSD_ON);
 
 bool SetDtr(LineHandle line, bool raised) {
-    return EscapeCommFunction(FileOf(line), raised ? SETDTR : CLRDTR) != FALSE;
+    return !IsConnection(line) &&
+           EscapeCommFunction(FileOf(line), raised ? SETDTR : CLRDTR) != FALSE;
 }
 
 bool SetRts(LineHandle line, bool raised) {
-    return EscapeCommFunction(FileOf(line), raised ? SETRTS : CLRRTS) != FALSE;
+    return !IsConnection(line) &&
+           EscapeCommFunction(FileOf(line), raised ? SETRTS : CLRRTS) != FALSE;
 }
 
 uint8_t ModemLines(LineHandle line) {
     constexpr DWORD kLines = kLineCts | kLineDsr | kLineRing | kLineCarrier;
     DWORD status = 0;
-    if (!GetCommModemStatus(FileOf(line), &status)) return 0;
+    if (IsConnection(line) || !GetCommModemStatus(FileOf(line), &status)) return 0;
     return static_cast<uint8_t>(status & kLines);
 }
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/connection.h"
 #include "platform/win32/handle.h"
 
 namespace platform {
@@ -75,6 +76,7 @@ BOOL ClearErrors(HANDLE file) {
 }  // namespace
 
 uint32_t ApplySettings(LineHandle line, const LineSettings& settings) {
+    if (IsConnection(line)) return ApplyConnectionSettings(line, settings);
     const HANDLE file = FileOf(line);
     const bool applied = SetControlBlock(file, settings) &&
                          SetupComm(file, kInputQueue, kOutputQueue) &&

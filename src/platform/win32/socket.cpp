@@ -32,8 +32,12 @@ bool WaitFor(SOCKET socket, Wanted wanted, uint32_t timeout_ms) {
     return count > 0 && FD_ISSET(socket, &ready);
 }
 
+uint64_t NowMs() {
+    return MonotonicUs() / 1'000;
+}
+
 uint32_t Remaining(uint64_t until_ms) {
-    const uint64_t now = MonotonicMs();
+    const uint64_t now = NowMs();
     return now >= until_ms ? 0 : static_cast<uint32_t>(until_ms - now);
 }
 
@@ -42,6 +46,16 @@ bool WouldBlock() {
 }
 
 }  // namespace
+
+bool IsIPv4Address(const char* text) {
+    in_addr parsed;
+    return NetworkStarted() && inet_pton(AF_INET, text, &parsed) == 1;
+}
+
+bool IsIPv6Address(const char* text) {
+    in6_addr parsed;
+    return NetworkStarted() && inet_pton(AF_INET6, text, &parsed) == 1;
+}
 
 SocketHandle ConnectTcp(const char* text, uint16_t port, uint32_t timeout_ms) {
     Address address;
@@ -63,7 +77,7 @@ SocketHandle ConnectTcp(const char* text, uint16_t port, uint32_t timeout_ms) {
 
 bool SendAll(SocketHandle handle, const uint8_t* bytes, uint32_t count, uint32_t timeout_ms) {
     const auto socket = static_cast<SOCKET>(handle);
-    const uint64_t until_ms = MonotonicMs() + timeout_ms;
+    const uint64_t until_ms = NowMs() + timeout_ms;
     uint32_t sent = 0;
     while (sent < count) {
         const int step = send(socket, reinterpret_cast<const char*>(bytes) + sent,
@@ -77,14 +91,14 @@ bool SendAll(SocketHandle handle, const uint8_t* bytes, uint32_t count, uint32_t
     return true;
 }
 
-bool ReceiveByte(SocketHandle handle, uint8_t& byte, uint32_t timeout_ms) {
+uint32_t ReceiveSome(SocketHandle handle, uint8_t* bytes, uint32_t room, uint32_t timeout_ms) {
     const auto socket = static_cast<SOCKET>(handle);
-    const uint64_t until_ms = MonotonicMs() + timeout_ms;
+    const uint64_t until_ms = NowMs() + timeout_ms;
     for (;;) {
-        const int count = recv(socket, reinterpret_cast<char*>(&byte), 1, 0);
-        if (count == 1) return true;
-        if (count == 0 || !WouldBlock()) return false;
-        if (!WaitFor(socket, Wanted::kRead, Remaining(until_ms))) return false;
+        const int count = recv(socket, reinterpret_cast<char*>(bytes), static_cast<int>(room), 0);
+        if (count > 0) return static_cast<uint32_t>(count);
+        if (count == 0 || !WouldBlock()) return 0;
+        if (!WaitFor(socket, Wanted::kRead, Remaining(until_ms))) return 0;
     }
 }
 

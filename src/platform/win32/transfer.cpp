@@ -1,5 +1,6 @@
 #include <utility>
 
+#include "platform/connection.h"
 #include "platform/win32/handle.h"
 
 namespace platform {
@@ -29,15 +30,18 @@ void AcceptTransfersAgain(LineHandle line) {
 // bytes, and clearing the output would tear off the end of what was sent: it is done only when a
 // failed transfer may have left something to clear.
 uint32_t PurgeOutput(LineHandle line) {
+    if (IsConnection(line)) return 0;  // what a connection took cannot be called back
     if (!std::exchange(output_left, false)) return 0;
     return ResultOf(PurgeComm(FileOf(line), PURGE_TXABORT | PURGE_TXCLEAR));
 }
 
 uint32_t PurgeInput(LineHandle line) {
+    if (IsConnection(line)) return PurgeConnectionInput(line);
     return ResultOf(PurgeComm(FileOf(line), PURGE_RXABORT | PURGE_RXCLEAR));
 }
 
 uint32_t WriteBytes(LineHandle line, const uint8_t* bytes, uint32_t count) {
+    if (IsConnection(line)) return WriteToConnection(line, bytes, count);
     DWORD moved = 0;
     if (!WriteFile(FileOf(line), bytes, count, &moved, nullptr)) moved = 0;
     if (moved == count) return moved;
@@ -47,6 +51,7 @@ uint32_t WriteBytes(LineHandle line, const uint8_t* bytes, uint32_t count) {
 }
 
 uint32_t ReadBytes(LineHandle line, uint8_t* bytes, uint32_t count) {
+    if (IsConnection(line)) return ReadFromConnection(line, bytes, count);
     DWORD moved = 0;
     if (!ReadFile(FileOf(line), bytes, count, &moved, nullptr)) moved = 0;
     if (moved == count) return moved;
@@ -56,6 +61,7 @@ uint32_t ReadBytes(LineHandle line, uint8_t* bytes, uint32_t count) {
 }
 
 void FlushLine(LineHandle line) {
+    if (IsConnection(line)) return;
     FlushFileBuffers(FileOf(line));
 }
 

@@ -1,6 +1,6 @@
 // SetPortDevice: an application names the device behind a port number.
 #include "koraxdr/frame.h"
-#include "platform/posix/device_names.h"
+#include "platform/device_names.h"
 
 int32_t KORAX_CALL SetPortDevice(int32_t Port, const char* DevicePath) {
     return Funkcja([&]() -> int32_t {
