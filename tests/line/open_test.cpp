@@ -106,7 +106,7 @@ TEST_F(Opening, TwoLinesKeepToThemselves) {
     Open(1);
     const PseudoTerminal other;
     uint32_t error = 0;
-    const platform::LineHandle second = platform::OpenLine(other.name, error);
+    const platform::LineHandle second = platform::OpenLine(other.name, 1, error);
     ASSERT_EQ(error, 0U);
     const uint8_t byte = 'A';
     EXPECT_EQ(platform::WriteBytes(second, &byte, 1), 1U);
