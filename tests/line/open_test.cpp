@@ -114,6 +114,7 @@ TEST_F(Opening, TwoLinesKeepToThemselves) {
     EXPECT_EQ(platform::CloseLine(second), 0U);
     EXPECT_EQ(platform::WriteBytes(second, &byte, 1), 0U)
         << "nothing goes to a line that is closed";
+    EXPECT_NE(platform::CloseLine(second), 0U) << "nor is it closed again";
     EXPECT_EQ(Write("B"), 1U) << "the first stays open";
     EXPECT_EQ(terminal.Receive(1), "B");
 }

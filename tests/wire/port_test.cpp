@@ -37,6 +37,9 @@ TEST_F(Port, FullOpenSettlesThenSetsParityAndChannel) {
     EXPECT_EQ(os.TakeCalls(), kClose);
 
     EXPECT_EQ(SetComSelector(5), 5u) << "the selectors are inert";
+    for (const auto inert : {GetComSelector, GetCOMNumber, GetCOMHandle, GetSpeed}) {
+        EXPECT_EQ(inert(), 0u);
+    }
     // A closed port refuses everything.
     uint8_t byte = 0;
     EXPECT_EQ(SetSerialParameters(), 2u);

@@ -103,6 +103,7 @@ TEST(Numbers, TheLargestNumbersStayWithinTheirBuffers) {
     const uint64_t largest = 9999999999999999999u, too_large = ~uint64_t{0};
     EXPECT_STREQ(btoa(reinterpret_cast<const uint8_t*>(&largest)), "9999999999999999999");
     btoa(reinterpret_cast<const uint8_t*>(&too_large));
+    EXPECT_STREQ(btoa(FromText("0000000000000000").data()), "0");
     const Bytes all(256, 0xFF);
     EXPECT_LT(std::strlen(NapisZBajtowOpisujacych(all.data(), 0, 255, 255)), 256u);
     EXPECT_LT(std::strlen(NapisZBajtowOpisujacychWKodzieU2(all.data(), 9, 2, 255)), 256u);
