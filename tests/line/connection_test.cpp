@@ -9,13 +9,11 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <functional>
 #include <string>
 #include <utility>
 
 #include "koraxdr.h"
-#include "platform/serial.h"
+#include "line/line_test.h"
 
 namespace {
 
@@ -56,33 +54,13 @@ class Listener {
     uint16_t port = 0;
 };
 
-class Connection : public testing::Test {
+class Connection : public OpenLineTest {
   protected:
-    ~Connection() override { platform::CloseLine(line); }
     void Open(const char* host, uint32_t timeout_s) {
-        uint32_t error = 0;
-        line = platform::OpenLine(device.Name(host).c_str(), 1, error);
-        ASSERT_EQ(error, 0U);
-        ASSERT_EQ(platform::ApplySettings(line, {9600, 8, 2, 0, true, timeout_s, timeout_s}), 0U);
+        OpenNamed(device.Name(host), timeout_s);
         device.Accept();
     }
-    uint32_t Write(const std::string& bytes) const {
-        return platform::WriteBytes(line, reinterpret_cast<const uint8_t*>(bytes.data()),
-                                    static_cast<uint32_t>(bytes.size()));
-    }
-    std::string Read(uint32_t count) const {
-        std::string bytes(count, '\0');
-        bytes.resize(platform::ReadBytes(line, reinterpret_cast<uint8_t*>(bytes.data()), count));
-        return bytes;
-    }
-    static double SecondsOf(const std::function<void()>& action) {
-        const auto start = std::chrono::steady_clock::now();
-        action();
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    }
-
     Listener device;
-    platform::LineHandle line = platform::kNoLine;
 };
 
 TEST_F(Connection, CarriesEveryByteBothWays) {
@@ -109,16 +87,13 @@ TEST_F(Connection, APurgeDiscardsWhatHasComeTakenOrNot) {
 
 TEST_F(Connection, TimesOutAndSeesAHangUpAtOnce) {
     Open("127.0.0.1", 1);
-    std::string read;
-    const double silence = SecondsOf([&] { read = Read(1); });
-    EXPECT_EQ(read, "");
-    EXPECT_TRUE(silence > 0.9 && silence < 2) << silence;
+    EXPECT_EQ(Read(1), "");
+    ExpectSeconds(1);
     device.Send("A");
     device.HangUp();
     EXPECT_EQ(Read(1), "A") << "what came before the end is served";
-    const double gone = SecondsOf([&] { read = Read(1); });
-    EXPECT_EQ(read, "");
-    EXPECT_LT(gone, 0.5) << "nothing is waited for on a line that is gone";
+    EXPECT_EQ(Read(1), "");
+    ExpectSeconds(0, 0.5);
     while (Write("B") != 0) usleep(1000);  // the first write may still be taken
 }
 

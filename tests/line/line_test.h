@@ -58,14 +58,15 @@ class PseudoTerminal {
     char name[64] = "";
 };
 
-class LineTest : public testing::Test {
+// A line by its name, and what one call moves on it.
+class OpenLineTest : public testing::Test {
   protected:
     using Clock = std::chrono::steady_clock;
 
-    ~LineTest() override { Close(); }
-    void Open(uint32_t timeout_s) {
+    ~OpenLineTest() override { Close(); }
+    void OpenNamed(const std::string& name, uint32_t timeout_s) {
         uint32_t error = 0;
-        line = platform::OpenLine(terminal.name, 1, error);
+        line = platform::OpenLine(name.c_str(), 1, error);
         ASSERT_EQ(error, 0U);
         ASSERT_EQ(platform::ApplySettings(line, {9600, 8, 2, 0, true, timeout_s, timeout_s}), 0U);
         start = Clock::now();
@@ -74,7 +75,6 @@ class LineTest : public testing::Test {
         if (line == platform::kNoLine) return;
         EXPECT_EQ(platform::CloseLine(std::exchange(line, platform::kNoLine)), 0U);
     }
-    // Bytes that one call moved.
     uint32_t Write(const std::string& bytes) const {
         return platform::WriteBytes(line, reinterpret_cast<const uint8_t*>(bytes.data()),
                                     static_cast<uint32_t>(bytes.size()));
@@ -91,7 +91,14 @@ class LineTest : public testing::Test {
         EXPECT_TRUE(seconds >= least && seconds < least + slack) << seconds;
     }
 
-    PseudoTerminal terminal;
     platform::LineHandle line = platform::kNoLine;
     Clock::time_point start;
+};
+
+class LineTest : public OpenLineTest {
+  protected:
+    ~LineTest() override { Close(); }
+    void Open(uint32_t timeout_s) { OpenNamed(terminal.name, timeout_s); }
+
+    PseudoTerminal terminal;
 };
