@@ -3,6 +3,7 @@
 #include <fmt/chrono.h>
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -14,6 +15,13 @@ namespace {
 
 // These take additional lines in code page 852, whatever page they are set to.
 constexpr ModelSet kAdditionalLinesIn852 = {10, 11, 12};
+
+constexpr std::size_t kMostHeaderLines = 3;
+constexpr double kLargestClockRate = 1e6;
+
+bool IsAscii(char c) {
+    return c > ' ' && c < 0x7F;
+}
 
 void Check(bool possible, const char* complaint) {
     if (!possible) throw std::invalid_argument(complaint);
@@ -32,7 +40,11 @@ const DeviceOptions& CheckedOptions(const DeviceOptions& options) {
     Check(ModelOf(options.type).display != DisplayKind::None ||
               options.display.value_or(DisplayKind::None) == DisplayKind::None,
           "only device types 1, 2, 3, 5 and 6 have a customer display");
-    Check(options.unique_number.size() == 11, "the unique number has to have 11 characters");
+    Check(options.unique_number.size() == 11 && std::ranges::all_of(options.unique_number, IsAscii),
+          "the unique number has to have 11 characters, letters and digits");
+    Check(options.header.size() <= kMostHeaderLines, "a header has 3 lines at most");
+    Check(options.clock_rate >= 0 && options.clock_rate <= kLargestClockRate,
+          "the clock's rate has to be 0 to 1000000");
     int number = 0;  // of the report before
     for (const DailyReport& report : options.daily_reports) {
         Check(report.number > number && report.number <= 65535,
@@ -64,7 +76,9 @@ std::string Core::AdditionalText(std::span<const std::uint8_t> text) const {
 }
 
 std::chrono::sys_seconds Core::clock() const {
-    return options.clock + std::chrono::floor<std::chrono::seconds>(now) + working().clock.shift;
+    const std::chrono::duration<double, std::milli> calendar = passed * options.clock_rate;
+    return options.clock + std::chrono::floor<std::chrono::seconds>(calendar) + calendar_shift +
+           working().clock.shift;
 }
 
 std::string Core::FooterText(std::size_t line) const {
@@ -125,6 +139,14 @@ void Core::Cancel(Reason reason) {
 void Core::LosePower() {
     Cancel(Reason::DataTimeout);
     session = {};
+}
+
+void Core::NoticeFaults() {
+    if (faults.cmos_erased && !erased_) {
+        Enforce(Point::Erased, {.erased = true});
+        session = {};
+    }
+    erased_ = faults.cmos_erased;
 }
 
 void Core::Note(std::string_view remark) {

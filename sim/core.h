@@ -37,6 +37,7 @@ class Core {
     std::string Text(std::span<const std::uint8_t> text) const;
     std::string AdditionalText(std::span<const std::uint8_t> text) const;
 
+    /// The clock on the paper: real time that has passed, faster or slower, and moved by the host.
     std::chrono::sys_seconds clock() const;
     std::chrono::sys_days today() const { return std::chrono::floor<std::chrono::days>(clock()); }
 
@@ -71,6 +72,8 @@ class Core {
     /// The device goes off and on again: the working memory keeps, what stands open is lost, an open
     /// receipt is void.
     void LosePower();
+    /// Makes happen what a fault that has been switched on does to the device.
+    void NoticeFaults();
     /// Adds a remark to the exchange being watched.
     void Note(std::string_view remark);
 
@@ -84,7 +87,9 @@ class Core {
     Display display;
     std::array<int, kDrawers> drawers_opened{};
 
-    std::chrono::milliseconds now{};  // since the device was switched on
+    std::chrono::milliseconds now{};        // since the device was switched on, for time-outs
+    std::chrono::milliseconds passed{};     // the same for the calendar
+    std::chrono::seconds calendar_shift{};  // by whoever plays with the device
     LineSession session;
     std::string note;
 
@@ -94,6 +99,7 @@ class Core {
     void Enforce(Point point, const Change& change);
 
     Memory memory_;
+    bool erased_ = false;  // the fault has been noticed
     Storage& storage_;
 };
 

@@ -43,7 +43,17 @@ Device::Device(const DeviceOptions& options, Memory memory, Storage& storage)
 Device::~Device() = default;
 
 void Device::Receive(std::span<const std::uint8_t> bytes) {
+    core_->NoticeFaults();
     for (const std::uint8_t byte : bytes) wire_->Receive(byte);
+}
+
+Core& Device::core() const {
+    core_->NoticeFaults();
+    return *core_;
+}
+
+void Device::ShiftClock(std::chrono::seconds time) {
+    core().calendar_shift += time;
 }
 
 Bytes Device::TakeAnswer() {
@@ -54,13 +64,14 @@ bool Device::AnswerPending() const {
     return wire_->AnswerPending();
 }
 
-void Device::Advance(std::chrono::milliseconds time) {
-    core_->now += time;
+void Device::Advance(std::chrono::milliseconds time, std::chrono::milliseconds passed) {
+    core().now += time;
+    core_->passed += passed;
     wire_->CheckTimeouts();
 }
 
 void Device::CyclePower() {
-    core_->LosePower();
+    core().LosePower();
 }
 
 const std::vector<PaperLine>& Device::paper() const {
@@ -80,85 +91,85 @@ FaultPanel& Device::faults() {
 }
 
 const Receipt& Device::receipt() const {
-    return core_->receipt();
+    return core().receipt();
 }
 
 int Device::receipt_counter() const {
-    return core_->working().counters.receipts;
+    return core().working().counters.receipts;
 }
 
 int Device::cancellation_reason() const {
-    return static_cast<int>(core_->working().counters.cancellation);
+    return static_cast<int>(core().working().counters.cancellation);
 }
 
 const RateAmounts& Device::day_totals() const {
-    return core_->working().counters.totals;
+    return core().working().counters.totals;
 }
 
 const VatRates& Device::vat_rates() const {
-    return core_->fiscal().rates;
+    return core().fiscal().rates;
 }
 
 void Device::SetVatRates(const VatRates& rates) {
-    core_->SetRates(rates);
+    core().SetRates(rates);
 }
 
 std::chrono::sys_seconds Device::clock() const {
-    return core_->clock();
+    return core().clock();
 }
 
 int Device::cancelled_receipts() const {
-    return core_->working().counters.cancelled_receipts;
+    return core().working().counters.cancelled_receipts;
 }
 
 int Device::report_number() const {
-    return core_->fiscal().report_number();
+    return core().fiscal().report_number();
 }
 
 const std::vector<DailyReport>& Device::daily_reports() const {
-    return core_->fiscal().daily_reports;
+    return core().fiscal().daily_reports;
 }
 
 const std::map<std::string, Article>& Device::articles() const {
-    return core_->working().articles;
+    return core().working().articles;
 }
 
 const std::array<int, kDrawers>& Device::drawers_opened() const {
-    return core_->drawers_opened;
+    return core().drawers_opened;
 }
 
 bool Device::printout_open() const {
-    return core_->session.printout.open();
+    return core().session.printout.open();
 }
 
 std::array<std::string, kFooterLines> Device::footer() const {
     std::array<std::string, kFooterLines> texts;
-    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = core_->FooterText(i);
+    for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = core().FooterText(i);
     return texts;
 }
 
 const std::optional<Logo>& Device::logo() const {
-    return core_->working().logo.complete;
+    return core().working().logo.complete;
 }
 
 const std::vector<std::string>& Device::display() const {
-    return core_->display.texts();
+    return core().display.texts();
 }
 
 std::string Device::display_text() const {
-    return core_->display.OneLineText();
+    return core().display.OneLineText();
 }
 
 const std::map<int, UserLine>& Device::user_lines() const {
-    return core_->working().user_lines;
+    return core().working().user_lines;
 }
 
 const CashierCodes& Device::cashier_codes() const {
-    return core_->working().cashier_codes;
+    return core().working().cashier_codes;
 }
 
 const ConfigurationGroup& Device::configuration(int group) const {
-    return core_->working().configuration.at(static_cast<std::size_t>(group));
+    return core().working().configuration.at(static_cast<std::size_t>(group));
 }
 
 }  // namespace sim

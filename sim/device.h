@@ -96,6 +96,7 @@ struct DeviceOptions {
                                        "NIP 123-456-32-18"};  // printed centred above every receipt
     std::chrono::sys_seconds clock{std::chrono::sys_days{std::chrono::year{2013} / 12 / 10} +
                                    std::chrono::hours{9} + std::chrono::minutes{30}};
+    double clock_rate = 1;                         // 0 to 1'000'000 seconds of the clock a second
     std::optional<DisplayKind> display{};          // default: what the type usually has
     std::vector<DailyReport> daily_reports{};      // of earlier days, ascending
     std::chrono::milliseconds data_timeout{2000};  // longest pause inside a sequence
@@ -196,7 +197,12 @@ class Device {
     /// True while an answer is held back by FaultPanel::answer_delay.
     bool AnswerPending() const;
     /// Time passes: the clock, the time-outs, the delay of answers.
-    void Advance(std::chrono::milliseconds time);
+    void Advance(std::chrono::milliseconds time) { Advance(time, time); }
+    /// The same where some of the time that has passed for the clock does not count for time-outs:
+    /// the program was kept from running, and the host's bytes have been waiting for it.
+    void Advance(std::chrono::milliseconds time, std::chrono::milliseconds passed);
+    /// Sets the calendar forward or, by a negative time, back, as long as the device lives.
+    void ShiftClock(std::chrono::seconds time);
 
     /// The device goes off and on again; an open receipt is void then.
     void CyclePower();
@@ -232,6 +238,9 @@ class Device {
     const ConfigurationGroup& configuration(int group) const;  // 0 to 255
 
   private:
+    // The device as it is now, faults noticed.
+    Core& core() const;
+
     std::unique_ptr<Core> core_;
     std::unique_ptr<Wire> wire_;
 };

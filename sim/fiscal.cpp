@@ -128,9 +128,9 @@ void PrintEnd(Core& core) {
     printer.Centred(LineKind::Closing, core.fiscal().unique_number);
     for (const std::string& line : receipt.additional_lines)
         printer.Text(LineKind::Additional, line);
-    for (int line = 0; line < kFooterLines; ++line)
-        if (const std::string text = core.FooterText(static_cast<std::size_t>(line)); !text.empty())
-            printer.Text(LineKind::Footer, text);
+    const auto& footer = core.working().footer;
+    for (std::size_t line = 0; line < footer.size(); ++line)
+        if (footer[line].text) printer.Text(LineKind::Footer, core.FooterText(line));
     printer.Text(LineKind::Closing, "");
 }
 
@@ -346,6 +346,7 @@ bool EndReceipt(Core& core) {
     Counters& counters = *change.counters;
     ++counters.receipts;
     for (std::size_t i = 0; i < receipt.totals.size(); ++i) counters.totals[i] += receipt.totals[i];
+    counters.sales_since = std::min(counters.sales_since.value_or(core.today()), core.today());
     counters.receipt_open = false;
     if (!core.Commit(Point::ReceiptEnded, change)) return false;
     core.sold().clear();

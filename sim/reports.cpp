@@ -151,6 +151,11 @@ void PrintDailyReport(Core& core, const DailyReport& report,
 
 }  // namespace
 
+bool DailyReportDue(const Core& core) {
+    const auto sales_since = core.working().counters.sales_since;
+    return sales_since && *sales_since < core.today();
+}
+
 bool MakeDailyReport(Core& core) {
     const DailyReport report = Today(core);
     const std::vector<std::string> changes = ChangesToPrint(core);

@@ -19,6 +19,10 @@ enum class ReportResult : std::uint8_t {
     WrongKind = 5,
 };
 
+/// Whether a day with sales has passed without its daily report. Dates are compared: to set the clock
+/// back to the day of the sales takes the demand away.
+bool DailyReportDue(const Core& core);
+
 /// Keeps the daily report in the fiscal memory, begins a new day and prints it. False where there is
 /// no room for it.
 bool MakeDailyReport(Core& core);

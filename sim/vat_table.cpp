@@ -40,6 +40,23 @@ int RateOfCode(RateTable table, int code) {
     return code == kSevenExempt ? kRateExempt : code;
 }
 
+int CodeAt(RateTable table, std::span<const std::uint8_t> bytes, std::size_t rate) {
+    return table == RateTable::Four ? bytes[rate] : bytes[2 * rate] << 8 | bytes[2 * rate + 1];
+}
+
+// 100 % itself is how the rates' users write the exempt rate where the table has no code for it.
+bool IsCode(RateTable table, int code) {
+    switch (table) {
+        case RateTable::Four:
+            return code <= 100 || code == kFourUnused;
+        case RateTable::Six:
+            return code <= kRateExempt || code >= kSixUnused;
+        case RateTable::Seven:
+            break;
+    }
+    return code <= kRateExempt || code == kSevenExempt || code == kSevenUnused;
+}
+
 // Commands number the rates from 1; the exempt one, G, comes before E and F.
 constexpr int kRateByNumber[] = {0, 1, 2, 3, 6, 4, 5};
 
@@ -55,19 +72,25 @@ Bytes EncodeRates(RateTable table, const VatRates& rates) {
     return bytes;
 }
 
+bool AreRates(RateTable table, std::span<const std::uint8_t> bytes) {
+    for (std::size_t i = 0; i < static_cast<std::size_t>(table); ++i)
+        if (!IsCode(table, CodeAt(table, bytes, i))) return false;
+    return true;
+}
+
 VatRates DecodeRates(RateTable table, std::span<const std::uint8_t> bytes) {
     VatRates rates;
     rates.fill(kRateUnused);
     rates.back() = kRateExempt;
-    for (std::size_t i = 0; i < static_cast<std::size_t>(table); ++i) {
-        const int code = table == RateTable::Four ? bytes[i] : bytes[2 * i] << 8 | bytes[2 * i + 1];
-        rates[i] = RateOfCode(table, code);
-    }
+    for (std::size_t i = 0; i < static_cast<std::size_t>(table); ++i)
+        rates[i] = RateOfCode(table, CodeAt(table, bytes, i));
     return rates;
 }
 
 VatRates HeldRates(RateTable table, const VatRates& rates) {
-    return DecodeRates(table, EncodeRates(table, rates));
+    VatRates held = DecodeRates(table, EncodeRates(table, rates));
+    if (table != RateTable::Seven && rates.back() == kRateUnused) held.back() = kRateUnused;
+    return held;
 }
 
 bool AnyRateInUse(RateTable table, const VatRates& rates) {

@@ -16,10 +16,13 @@ constexpr int CodedLength(RateTable table) {
 }
 
 Bytes EncodeRates(RateTable table, const VatRates& rates);
+/// Whether all the codes stand for rates: none is above 100 %.
+bool AreRates(RateTable table, std::span<const std::uint8_t> bytes);
 /// The rates that the table does not hold are unused, except rate G, which is exempt.
 VatRates DecodeRates(RateTable table, std::span<const std::uint8_t> bytes);
 
-/// What the table can hold of the rates given.
+/// What a device with this table can hold of the rates given. Where the table has no rate G, it is
+/// exempt or unused.
 VatRates HeldRates(RateTable table, const VatRates& rates);
 
 /// Whether any of the rates that the table holds is in use.

@@ -42,9 +42,10 @@ bool CheckSumHolds(const Record& record, const char* label) {
            record.Byte("check sum");
 }
 
-// The line that was sent last has come once more: to the device that is a fault of the host.
+// The line that was accepted last has come once more: to the device that is a fault of the host. The
+// first line begins anew, so a host that has lost an answer can always do that.
 bool Repeats(const Core& core, const Record& record) {
-    return std::ranges::equal(core.session.last_setup, record.data());
+    return record.Byte("line") != 0 && std::ranges::equal(core.session.last_setup, record.data());
 }
 
 // What receipts have been printed with goes into a daily report before it can change again.

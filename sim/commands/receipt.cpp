@@ -25,7 +25,8 @@ std::optional<Bytes> Begin(Core& core) {
 }
 
 std::optional<Bytes> End(Core& core) {
-    if (!EndReceipt(core)) return std::nullopt;
+    // The receipt stays open until the fiscal module can be written to again.
+    if (core.faults.read_only || !EndReceipt(core)) return std::nullopt;
     return Bytes{};
 }
 

@@ -25,7 +25,7 @@ constexpr Field kFromMemory[] = {
 
 std::optional<Bytes> DailyReportOrRefusal(Core& core) {
     const bool empty_refused = core.working().counters.receipts == 0 && !core.Is(kReportsEmptyDays);
-    if (empty_refused || !PrintoutAllowed(core) || core.faults.read_only ||
+    if (empty_refused || !DailyReportAllowed(core) ||
         core.fiscal().report_number() == kLastReportNumber)
         return std::nullopt;
     if (!MakeDailyReport(core)) return std::nullopt;

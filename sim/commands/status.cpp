@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "sim/command.h"
+#include "sim/reports.h"
 #include "sim/vat_table.h"
 
 namespace sim {
@@ -32,6 +33,7 @@ constexpr std::uint8_t kProducerData = 0x01;
 constexpr std::uint8_t kUserData = 0x02;
 constexpr std::uint8_t kReadOnly = 0x04;
 }  // namespace status_c
+constexpr int kFiscalModuleFit = status_c::kProducerData | status_c::kUserData;
 
 namespace status_d {
 constexpr std::uint8_t kServiceJumper = 0x40;
@@ -102,7 +104,7 @@ std::uint8_t StatusA(const Core& core) {
     const bool document_waits = core.printer.halted() && !core.receipt().open();
     return Bits(faults.cmos_erased, kCmosErased | kMemoryErased) |
            Bits(faults.document_in_memory || document_waits, kDocumentInMemory) |
-           Bits(faults.pending_daily_report, kPendingDailyReport) |
+           Bits(faults.pending_daily_report || DailyReportDue(core), kPendingDailyReport) |
            Bits(faults.no_customer_display, kNoCustomerDisplay) |
            Bits(faults.no_printer_controller, kNoPrinterController);
 }
@@ -138,13 +140,21 @@ bool PrintoutAllowed(const Core& core) {
     return (StatusB(core) & kForbidden) == 0 && core.HasRoom();
 }
 
+bool DailyReportAllowed(const Core& core) {
+    constexpr int kUnitMissing = status_b::kPrinterFailure | status_b::kNoPrinterController;
+    const int b = StatusB(core);
+    const bool resume_first = (b & status_b::kPrintHalted) != 0 && (b & status_b::kNoPaper) == 0;
+    return (b & kUnitMissing) == 0 && !resume_first && StatusC(core) == kFiscalModuleFit &&
+           StatusD(core) == 0;
+}
+
 bool ReceiptAllowed(const Core& core) {
     constexpr int kForbiddenA = status_a::kPendingDailyReport | status_a::kCmosErased |
                                 status_a::kNoCustomerDisplay | status_a::kNoPrinterController;
     constexpr int kForbiddenB = status_b::kNoPaper | status_b::kPrinterFailure |
                                 status_b::kPrintHalted | status_b::kNoPrinterController;
     return (StatusA(core) & kForbiddenA) == 0 && (StatusB(core) & kForbiddenB) == 0 &&
-           StatusC(core) == (status_c::kProducerData | status_c::kUserData) && StatusD(core) == 0 &&
+           StatusC(core) == kFiscalModuleFit && StatusD(core) == 0 &&
            !core.session.printout.open() &&
            AnyRateInUse(core.model.rate_table, core.fiscal().rates);
 }

@@ -23,14 +23,29 @@ std::optional<Bytes> ReadRates(Core& core) {
     return EncodeRates(core.model.rate_table, core.fiscal().rates);
 }
 
-// Rates change only right after a daily report, before the first sale.
+// Rates change only right after a daily report, before the first sale, and where the fiscal module
+// can be written to.
 std::optional<Bytes> AllowRates(Core& core) {
-    if (core.working().counters.receipts != 0 || !core.HasRoom()) return std::nullopt;
+    if (core.working().counters.receipts != 0 || core.faults.read_only || !core.HasRoom())
+        return std::nullopt;
     return Bytes{};
 }
 
+// Nothing can be answered to rates that are not taken; the host has to read them back.
 Bytes WriteRates(Core& core, const Record& record) {
-    if (!core.SetRates(DecodeRates(core.model.rate_table, record.Raw("rates")))) return {};
+    const RateTable table = core.model.rate_table;
+    const auto coded = record.Raw("rates");
+    if (!AreRates(table, coded)) {
+        core.Note("refused: above 100 %");
+        return {};
+    }
+    VatRates rates = DecodeRates(table, coded);
+    if (table != RateTable::Seven) rates.back() = core.fiscal().rates.back();
+    if (rates == core.fiscal().rates) {
+        core.Note("the same rates");
+        return {};
+    }
+    if (!core.SetRates(rates)) return {};
     core.printer.Centred(LineKind::Notice, "ZMIANA STAWEK PTU");
     for (int rate = 0; rate < kRates; ++rate)
         core.printer.Columns(LineKind::Notice, std::string("PTU ") + RateLetter(rate),

@@ -74,6 +74,26 @@ inline Bytes Send(Device& device, const Bytes& bytes) {
     return device.TakeAnswer();
 }
 
+/// A line of the footer or a row of the logo with its check sum, perhaps a wrong one.
+inline Bytes SetupLine(int command, std::uint8_t number, const Bytes& content,
+                       bool damaged = false) {
+    std::uint8_t sum = damaged ? 1 : 0;
+    for (const std::uint8_t byte : content) sum ^= byte;
+    return Esc(command, Bytes{number} + content + Bytes{sum});
+}
+inline Bytes FooterLine(std::uint8_t number, std::string_view text, bool damaged = false) {
+    return SetupLine(0x2E, number, Text(text, 40), damaged);
+}
+inline Bytes LogoRow(std::uint8_t number, std::uint8_t dots, bool damaged = false) {
+    return SetupLine(0x2D, number, Bytes(24, dots), damaged);
+}
+/// All rows of a logo.
+inline Bytes Logo(std::uint8_t dots) {
+    Bytes rows;
+    for (std::uint8_t row = 0; row < 64; ++row) rows = rows + LogoRow(row, dots);
+    return rows;
+}
+
 /// A part of a dialogue: what the host sends, what the device answers.
 struct Step {
     const char* what;

@@ -1,6 +1,5 @@
 // The memory: what is kept of it and when, what a device makes of it later, what erases it.
 #include <algorithm>
-#include <numeric>
 
 #include "sim/host.h"
 #include "sim/storage.h"
@@ -22,19 +21,6 @@ class Keeper : public sim::Storage {
     sim::Memory kept;
     bool full = false;
 };
-
-Bytes FooterLine(std::uint8_t number, const char* text) {
-    const Bytes line = Text(text, 40);
-    const int sum = std::accumulate(line.begin(), line.end(), 0, std::bit_xor<>());
-    return Esc(0x2E, Bytes{number} + line + Bytes{static_cast<std::uint8_t>(sum)});
-}
-
-Bytes Logo(std::uint8_t dots) {
-    Bytes sequences;
-    for (std::uint8_t row = 0; row < 64; ++row)
-        sequences = sequences + Esc(0x2D, Bytes{row} + Bytes(24, dots) + Bytes{0});
-    return sequences;
-}
 
 const Bytes kRates =
     Esc(0xD5, {0x09, 0x60, 0x03, 0x20, 0x01, 0xF4, 0, 0, 0x80, 0, 0x80, 0, 0x40, 0});
