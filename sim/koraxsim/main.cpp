@@ -17,6 +17,7 @@
 #include <map>
 #include <optional>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,7 @@
 #include "sim/koraxsim/inlet.h"
 #include "sim/koraxsim/outlet.h"
 #include "sim/koraxsim/pseudo_terminal.h"
+#include "sim/option_text.h"
 
 namespace koraxsim {
 namespace {
@@ -75,6 +77,14 @@ std::chrono::sys_seconds LocalTime() {
     return std::chrono::sys_seconds{std::chrono::seconds{timegm(&local)}};
 }
 
+std::chrono::sys_seconds ClockFromText(const std::string& text) {
+    const auto clock = sim::TimeFromText(text);
+    if (!clock)
+        throw std::invalid_argument(fmt::format(
+            "\"{}\" is no time of the years 2000 to 2099 like 2026-01-31T12:00:00", text));
+    return *clock;
+}
+
 // Reports of the days before `today`, each with a little more sold than the one before.
 std::vector<sim::DailyReport> PastDays(int count, std::chrono::sys_seconds today) {
     std::vector<sim::DailyReport> reports;
@@ -115,6 +125,22 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Settings& settings) {
                    "customer display of types 1, 2, 3, 5 and 6 (default: the type's usual one)")
         ->check(CLI::IsMember(kDisplays));
     app.add_option("--logo", settings.logo, "write the logo here (PBM) when it has come");
+    app.add_option("--number", settings.device.unique_number, "unique number, 11 characters")
+        ->capture_default_str();
+    app.add_option("--header", settings.device.header,
+                   "line above every document; up to 3, each with its --header")
+        ->allow_extra_args(false);
+    std::string rates;
+    app.add_option(
+        "--rates", rates,
+        "VAT rates A to G: 23,8,5,7.5,exempt,-,- (\"-\": not in use; on types 1, 2, 3, 5 "
+        "and 6 G is exempt or -)");
+    std::string clock;
+    app.add_option("--clock", clock,
+                   "where the calendar begins: 2026-01-31T12:00:00 (default: the computer's time)");
+    app.add_option("--clock-rate", settings.device.clock_rate,
+                   "seconds of the calendar a second: 0 stands still")
+        ->capture_default_str();
     int past_days = 0;
     app.add_option("--past-days", past_days,
                    "begin with the daily reports of so many days in memory")
@@ -137,7 +163,8 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Settings& settings) {
     if (!display_kind.empty()) settings.device.display = kDisplays.at(display_kind);
     for (const std::string& fault : faults) settings.faults.*kFaults.at(fault) = true;
     settings.faults.answer_delay = std::chrono::milliseconds{answer_delay};
-    settings.device.clock = LocalTime();
+    if (!rates.empty()) settings.device.vat_rates = sim::RatesFromText(settings.device.type, rates);
+    settings.device.clock = clock.empty() ? LocalTime() : ClockFromText(clock);
     settings.device.daily_reports = PastDays(past_days, settings.device.clock);
     return std::nullopt;
 }
@@ -291,12 +318,12 @@ class Session {
     }
 
     // When this program has been kept from running, the host's bytes have been waiting for it: that
-    // is no pause in its data.
+    // is no pause in its data. The calendar has gone on all the same.
     void TellTime(Clock::time_point now) {
         static constexpr std::chrono::milliseconds kMostAtOnce{500};
         const auto elapsed = std::chrono::floor<std::chrono::milliseconds>(now - told_);
         told_ += elapsed;
-        if (elapsed.count() > 0) device_.Advance(std::min(elapsed, kMostAtOnce));
+        if (elapsed.count() > 0) device_.Advance(std::min(elapsed, kMostAtOnce), elapsed);
     }
 
     sim::Device device_;
