@@ -132,7 +132,7 @@ void Core::Cancel(Reason reason) {
     printer.Centred(LineKind::Notice, receipt.invoice ? "FAKTURA ANULOWANA" : "PARAGON ANULOWANY");
     printer.Centred(LineKind::Notice,
                     fmt::format("({}) {}", static_cast<int>(reason), Describe(reason)));
-    printer.Text(LineKind::Notice, "");
+    printer.EndDocument(LineKind::Notice);
     Note(fmt::format("receipt cancelled, reason {}", static_cast<int>(reason)));
 }
 

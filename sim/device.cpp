@@ -4,6 +4,7 @@
 #include <fmt/ranges.h>
 
 #include "sim/core.h"
+#include "sim/render/text.h"
 #include "sim/wire.h"
 
 namespace sim {
@@ -74,8 +75,16 @@ void Device::CyclePower() {
     core().LosePower();
 }
 
-const std::vector<PaperLine>& Device::paper() const {
+const std::vector<PaperElement>& Device::printed() const {
     return core_->printer.paper();
+}
+
+std::vector<PaperLine> Device::paper() const {
+    std::vector<PaperLine> lines;
+    for (const PaperElement& element : printed())
+        for (std::string& text : TextLines(element))
+            lines.push_back({element.kind, std::move(text)});
+    return lines;
 }
 
 void Device::TearOffPaper() {

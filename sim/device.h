@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "sim/paper.h"
 #include "sim/receipt.h"
 
 namespace sim {
@@ -103,34 +104,6 @@ struct DeviceOptions {
     std::chrono::milliseconds receipt_timeout{std::chrono::minutes{20}};  // longest open receipt
 };
 
-/// What a printed line is, for whoever shows or checks the paper.
-enum class LineKind {
-    Logo,
-    Header,
-    Title,
-    Item,
-    Discount,
-    Tax,
-    Total,
-    Payment,
-    Additional,
-    Package,
-    Closing,
-    Footer,
-    Notice,
-    Report,
-    Printout
-};
-
-/// A printed line: UTF-8, at most 40 characters, without blanks at its end.
-struct PaperLine {
-    LineKind kind = LineKind::Item;
-    std::string text;
-};
-
-/// Characters on a line of paper.
-inline constexpr int kPaperColumns = 40;
-
 /// What can be wrong with a device or its line. All of it may change at any time.
 struct FaultPanel {
     // The device. Each of these shows in the status bytes; those of the first group forbid a
@@ -207,8 +180,10 @@ class Device {
     /// The device goes off and on again; an open receipt is void then.
     void CyclePower();
 
-    /// Lines printed since the device was switched on or its paper was torn off.
-    const std::vector<PaperLine>& paper() const;
+    /// What was printed since the device was switched on or its paper was torn off, and the same as
+    /// lines of text.
+    const std::vector<PaperElement>& printed() const;
+    std::vector<PaperLine> paper() const;
     void TearOffPaper();
     /// Called after every exchange; an empty function ends it.
     void OnExchange(std::function<void(const Exchange&)> watcher);

@@ -103,7 +103,7 @@ void PrintTotals(Core& core) {
     printer.Rule(LineKind::Tax);
     PrintRateTotals(printer, LineKind::Tax, receipt.totals, core.fiscal().rates);
     printer.Rule(LineKind::Tax);
-    printer.Columns(LineKind::Total, "SUMA PLN", Money(receipt.total));
+    printer.Columns(LineKind::Total, "SUMA PLN", Money(receipt.total), Letters::Wide);
     PrintPackages(printer, receipt);
 }
 
@@ -125,13 +125,14 @@ void PrintEnd(Core& core) {
                     fmt::format("{} nr {}", receipt.invoice ? "Faktura" : "Paragon",
                                 core.working().counters.receipts),
                     fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
+    printer.Picture(LineKind::Closing, FiscalLogo());
     printer.Centred(LineKind::Closing, core.fiscal().unique_number);
     for (const std::string& line : receipt.additional_lines)
         printer.Text(LineKind::Additional, line);
     const auto& footer = core.working().footer;
     for (std::size_t line = 0; line < footer.size(); ++line)
         if (footer[line].text) printer.Text(LineKind::Footer, core.FooterText(line));
-    printer.Text(LineKind::Closing, "");
+    printer.EndDocument(LineKind::Closing);
 }
 
 Payment& Slot(Receipt& receipt, int number) {
@@ -148,16 +149,15 @@ void CheckPayment(const Payment& payment, std::int64_t amount) {
 
 void PrintBeginning(Core& core) {
     Printer& printer = core.printer;
-    if (core.working().logo.complete)
-        for (const std::string& line : AsLines(*core.working().logo.complete))
-            printer.Text(LineKind::Logo, line);
+    if (const auto& logo = core.working().logo.complete)
+        printer.Picture(LineKind::Logo, AsDots(*logo));
     core.PrintHead();
     if (core.receipt().invoice) {
         // The rule that ends the title comes after the buyer.
-        printer.Centred(LineKind::Title, "FAKTURA VAT");
+        printer.Centred(LineKind::Title, "FAKTURA VAT", Letters::Wide);
         printer.Centred(LineKind::Title, "nr " + core.receipt().invoice->number);
     } else {
-        printer.Centred(LineKind::Title, "PARAGON FISKALNY");
+        printer.Centred(LineKind::Title, "PARAGON FISKALNY", Letters::Wide);
         printer.Rule(LineKind::Title);
     }
 }

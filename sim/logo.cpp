@@ -1,60 +1,57 @@
 #include "sim/logo.h"
 
-#include <algorithm>
-
-#include "sim/code_page.h"
+#include <string_view>
 
 namespace sim {
 namespace {
 
 constexpr int kWidth = 192;
 constexpr int kHeight = 64;
+// The logo fills four fifths of the paper's width.
+constexpr int kScale = 2;
 
-// The width of the paper in dots, and as many rows of them as keep the logo's proportions.
-constexpr int kPaperWidth = 2 * kPaperColumns;
-constexpr int kPaperHeight = (kHeight * kPaperWidth + kWidth - 1) / kWidth;
-constexpr int kPaperLines = (kPaperHeight + 3) / 4;
+constexpr int kFiscalScale = 3;
+// Strokes begin at even places, so that the small picture in a text keeps them.
+constexpr std::string_view kFiscalRows[] = {
+    "####################################", "####################################",
+    "##                                ##", "##                                ##",
+    "##      ########      ##          ##", "##      ########      ##          ##",
+    "##      ##      ##    ##          ##", "##      ##      ##    ##          ##",
+    "##      ##      ##    ##          ##", "##      ##      ##    ##          ##",
+    "##      ########      ##          ##", "##      ########      ##          ##",
+    "##      ##            ##          ##", "##      ##            ##          ##",
+    "##      ##            ##          ##", "##      ##            ##          ##",
+    "##      ##            ##          ##", "##      ##            ##          ##",
+    "##      ##            ########    ##", "##      ##            ########    ##",
+    "##                                ##", "##                                ##",
+    "####################################", "####################################",
+};
 
-bool Black(const Logo& logo, int x, int y) {
-    const auto& row = logo.rows[static_cast<std::size_t>(y)];
-    return (row[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1) != 0;
-}
-
-// A dot on the paper stands for several of the logo; it is black when a third of them are, so that
-// thin lines stay.
-bool BlackOnPaper(const Logo& logo, int x, int y) {
-    const int left = x * kWidth / kPaperWidth, right = (x + 1) * kWidth / kPaperWidth;
-    const int top = y * kWidth / kPaperWidth;
-    const int bottom = std::min((y + 1) * kWidth / kPaperWidth, kHeight);
-    int black = 0;
-    for (int row = top; row < bottom; ++row)
-        for (int column = left; column < right; ++column) black += Black(logo, column, row);
-    return black > 0 && 3 * black >= (right - left) * (bottom - top);
-}
-
-// Braille characters have a bit for each of their dots.
-constexpr int kBrailleBits[4][2] = {{0x01, 0x08}, {0x02, 0x10}, {0x04, 0x20}, {0x40, 0x80}};
-constexpr int kBrailleBase = 0x2800;
-
-char16_t Cell(const Logo& logo, int column, int line) {
-    int bits = 0;
-    for (int y = 0; y < 4; ++y)
-        for (int x = 0; x < 2; ++x)
-            if (BlackOnPaper(logo, 2 * column + x, 4 * line + y)) bits |= kBrailleBits[y][x];
-    return bits == 0 ? u' ' : static_cast<char16_t>(kBrailleBase + bits);
+Dots DrawFiscalLogo() {
+    Dots dots{.width = static_cast<int>(kFiscalRows[0].size()),
+              .height = static_cast<int>(std::size(kFiscalRows)),
+              .scale = kFiscalScale};
+    const std::size_t row_bytes = (kFiscalRows[0].size() + 7) / 8;
+    for (const std::string_view row : kFiscalRows) {
+        const std::size_t start = dots.rows.size();
+        dots.rows.resize(start + row_bytes);
+        for (std::size_t x = 0; x < row.size(); ++x)
+            if (row[x] == '#') dots.rows[start + x / 8] |= static_cast<std::uint8_t>(0x80 >> x % 8);
+    }
+    return dots;
 }
 
 }  // namespace
 
-std::vector<std::string> AsLines(const Logo& logo) {
-    std::vector<std::string> lines;
-    for (int line = 0; line < kPaperLines; ++line) {
-        std::string text;
-        for (int column = 0; column < kPaperColumns; ++column)
-            AppendUtf8(text, Cell(logo, column, line));
-        lines.push_back(std::move(text));
-    }
-    return lines;
+Dots AsDots(const Logo& logo) {
+    Dots dots{.width = kWidth, .height = kHeight, .scale = kScale};
+    for (const auto& row : logo.rows) dots.rows.insert(dots.rows.end(), row.begin(), row.end());
+    return dots;
+}
+
+const Dots& FiscalLogo() {
+    static const Dots kLogo = DrawFiscalLogo();
+    return kLogo;
 }
 
 std::string AsPbm(const Logo& logo) {

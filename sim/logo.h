@@ -1,14 +1,14 @@
-// The logo on the paper.
+// The logos on the paper.
 #pragma once
-
-#include <string>
-#include <vector>
 
 #include "sim/device.h"
 
 namespace sim {
 
-/// The logo as lines of text, each character a cell of two by four dots.
-std::vector<std::string> AsLines(const Logo& logo);
+/// The shop's logo as it is printed.
+Dots AsDots(const Logo& logo);
+
+/// The mark of a fiscal document, printed with the unique number.
+const Dots& FiscalLogo();
 
 }  // namespace sim

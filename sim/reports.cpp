@@ -17,14 +17,14 @@ namespace {
 
 void PrintTitle(Core& core, const std::string& title) {
     core.BeginDocument();
-    core.printer.Centred(LineKind::Report, title);
+    core.printer.Centred(LineKind::Report, title, Letters::Wide);
 }
 
 void PrintEnd(Core& core) {
     core.printer.Rule(LineKind::Report);
     core.printer.Columns(LineKind::Report, core.fiscal().unique_number,
                          fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
-    core.printer.Text(LineKind::Report, "");
+    core.printer.EndDocument(LineKind::Report);
 }
 
 void PrintNumber(Core& core, const char* label, std::int64_t number) {
@@ -136,7 +136,7 @@ void PrintDailyReport(Core& core, const DailyReport& report,
                       const std::vector<std::string>& changes) {
     Printer& printer = core.printer;
     core.PrintHead();
-    printer.Centred(LineKind::Report, "RAPORT FISKALNY DOBOWY");
+    printer.Centred(LineKind::Report, "RAPORT FISKALNY DOBOWY", Letters::Wide);
     printer.Centred(LineKind::Report, fmt::format("nr {:04}", report.number));
     printer.Rule(LineKind::Report);
     PrintRates(core, report.rates);

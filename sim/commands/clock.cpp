@@ -66,7 +66,7 @@ Bytes MoveClock(Core& core, const Record& record) {
                          fmt::format("{:%Y-%m-%d %H:%M}", before));
     core.printer.Columns(LineKind::Notice, "Nowy czas",
                          fmt::format("{:%Y-%m-%d %H:%M}", core.clock()));
-    core.printer.Text(LineKind::Notice, "");
+    core.printer.EndDocument(LineKind::Notice);
     return {};
 }
 

@@ -60,7 +60,7 @@ Bytes End(Core& core, const Record&) {
 }
 
 void PrintLine(Core& core, std::span<const std::uint8_t> text) {
-    core.printer.Text(LineKind::Printout, core.Text(text));
+    core.printer.Verbatim(LineKind::Printout, core.Text(text));
 }
 
 Bytes FreeLine(Core& core, const Record& record) {
@@ -84,11 +84,11 @@ Bytes ArticleLine(Core& core, const Record& record) {
     return {};
 }
 
-Bytes BarCode(Core& core, std::span<const std::uint8_t> code) {
+Bytes PrintBarCode(Core& core, std::span<const std::uint8_t> code) {
     const bool possible = !code.empty() && code.size() <= kLongestBarCode && IsPrintable(code) &&
                           std::ranges::all_of(code, [](std::uint8_t byte) { return byte < 0x7F; });
     if (!possible) throw MalformedFrame{};
-    core.printer.Centred(LineKind::Printout, "║▌│█║▌│ " + core.Text(code) + " ║▌│█║▌│");
+    core.printer.Bars(LineKind::Printout, core.Text(code));
     return {kAcknowledgement};
 }
 
@@ -130,7 +130,7 @@ constexpr TextFrame kFrames[] = {
     {.prefix = "qBI:N1:10:30:",
      .name = "bar code",
      .moment = Moment::InPrintout,
-     .execute = BarCode},
+     .execute = PrintBarCode},
 };
 
 }  // namespace

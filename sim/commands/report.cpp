@@ -93,7 +93,7 @@ Bytes PrintPeriod(Core& core, const Record& record) {
     if (result == ReportResult::Printed) return {};
     core.Note(Complaint(result));
     core.printer.Centred(LineKind::Notice, Complaint(result));
-    core.printer.Text(LineKind::Notice, "");
+    core.printer.EndDocument(LineKind::Notice);
     return {};
 }
 

@@ -36,8 +36,7 @@ constexpr ModelSet kLongCodes = {10, 11};
 constexpr std::uint8_t kUnprintable = 106;
 
 Bytes Feed(Core& core, const Record& record) {
-    for (int lines = record.Byte("lines"); lines > 0; --lines)
-        core.printer.Text(LineKind::Printout, "");
+    core.printer.Feed(LineKind::Printout, record.Byte("lines"));
     return {};
 }
 

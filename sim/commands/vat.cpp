@@ -50,7 +50,7 @@ Bytes WriteRates(Core& core, const Record& record) {
     for (int rate = 0; rate < kRates; ++rate)
         core.printer.Columns(LineKind::Notice, std::string("PTU ") + RateLetter(rate),
                              RateText(core.fiscal().rates[static_cast<std::size_t>(rate)]));
-    core.printer.Text(LineKind::Notice, "");
+    core.printer.EndDocument(LineKind::Notice);
     return {};
 }
 

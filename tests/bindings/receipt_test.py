@@ -23,8 +23,8 @@ class Receipt(unittest.TestCase):
                 self.assertEqual(0, said.returncode, said)
                 total = re.search(r"^Receipt 1, total (\d+,\d\d)$", said.stdout, re.MULTILINE)
                 self.assertTrue(total, said)
-                wait_until(lambda: "SUMA PLN" in paper.read_text(encoding="utf-8"))
-                self.assertRegex(paper.read_text(encoding="utf-8"), rf"(?s)Jabłka ligol.*SUMA[^\n]* {total[1]}\n")
+                wait_until(lambda: "S U M A" in paper.read_text(encoding="utf-8"))
+                self.assertRegex(paper.read_text(encoding="utf-8"), rf"(?s)Jabłka ligol.*S U M A[^\n]* {' '.join(total[1])}\n")
 
     def test_tells_an_absent_port(self):
         said = run("/nowhere/at/all")

@@ -37,7 +37,7 @@ start_simulator() {
 # same_total said paper: what the application said and what the device printed.
 same_total() {
     local printed
-    printed=$(sed -n 's/^SUMA PLN *//p' "$2")
+    printed=$(sed -n 's/^S U M A   P L N *//p' "$2" | tr -d ' ')
     [ -n "$printed" ] || fail "No receipt on the paper: $(cat "$2")"
     expect "The application's total" "$printed" "$(sed -n 's/.*total \([0-9,]*\).*/\1/p' "$1")"
 }

@@ -82,9 +82,9 @@ TEST(Rules, WithoutPaperTheDailyReportIsBookedAndWaits) {
         Talk(device, {{"report", kDailyReport, {kAck}}, {"waits", kResume, {kNak}}});
         EXPECT_EQ(device.report_number(), 1);
         device.faults().no_paper = false;
-        EXPECT_EQ(Paper(device).find("RAPORT FISKALNY DOBOWY"), std::string::npos);
+        EXPECT_EQ(Paper(device).find("R A P O R T   F I S K A L N Y"), std::string::npos);
         EXPECT_EQ(Send(device, kResume), Bytes{kAck});
-        EXPECT_NE(Paper(device).find("RAPORT FISKALNY DOBOWY"), std::string::npos);
+        EXPECT_NE(Paper(device).find("R A P O R T   F I S K A L N Y"), std::string::npos);
     }
 }
 
@@ -193,7 +193,8 @@ TEST(Rules, AFooterLineWrittenEmptyIsPrintedEmpty) {
         Device device;
         Send(device, footer + kReceipt);
         const std::string paper = Paper(device);
-        return paper.substr(paper.find("KRX13000042") + 12);
+        const std::size_t begin = paper.find("KRX13000042") + 12;
+        return paper.substr(begin, paper.find("- - -") - begin);
     };
     EXPECT_EQ(end_of_receipt(FooterLine(1, "") + FooterLine(2, "koniec")), "\nkoniec\n\n");
     EXPECT_EQ(end_of_receipt(FooterLine(2, "koniec")), "koniec\n\n") << "not those never written";

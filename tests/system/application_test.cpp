@@ -31,7 +31,7 @@ TEST(Application, SellsWhatTheDeviceRefusedBefore) {
     ASSERT_EQ(0, ReceiptEnd(10));
     EXPECT_EQ(1, xReceiptNumber());
     EXPECT_TRUE(simulator.Prints("Masło osobne"));
-    EXPECT_TRUE(simulator.Prints("SUMA.* 4,50"));
+    EXPECT_TRUE(simulator.Prints("S U M A.* 4 , 5 0"));
     CommunicationEnd();
 }
 
@@ -68,7 +68,8 @@ TEST(Application, LeavesATakenPortAloneAndReopensAFreeOne) {
     const std::string said = Contents(output);
     std::smatch total;
     ASSERT_TRUE(std::regex_search(said, total, std::regex("total (\\d+,\\d\\d)"))) << said;
-    EXPECT_TRUE(simulator.Prints("SUMA.* " + total[1].str())) << said;
+    const std::string spaced = std::regex_replace(total[1].str(), std::regex("(.)"), " $1");
+    EXPECT_TRUE(simulator.Prints("S U M A.* " + spaced + "\n")) << said;
 }
 
 TEST(Application, GivesUpOnASilentDeviceWhenTheTimeIsOver) {
