@@ -203,7 +203,6 @@ bool BeginReceipt(Core& core, std::optional<Invoice> invoice) {
     core.receipt() = Receipt{};
     core.receipt().phase = ReceiptPhase::Items;
     core.receipt().invoice = std::move(invoice);
-    core.sold().clear();
     core.session.receipt_opened = core.now;
     PrintBeginning(core);
     return true;

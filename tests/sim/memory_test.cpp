@@ -160,6 +160,12 @@ TEST(Memory, ArticlesAreRememberedWhenTheirReceiptEnds) {
     EXPECT_EQ(device.cancellation_reason(), 67) << "locked inside the receipt already";
     Send(device, kBegin + dear + Total(700) + kEnd);
     EXPECT_EQ(device.receipt_counter(), 2) << "the cancelled receipt has locked nothing";
+    Send(device, kBegin + cheap + Total(700) + kEnd + kBegin + cheap + Total(700) + kEnd);
+    Send(device, kBegin + dear);
+    EXPECT_EQ(device.cancellation_reason(), 67) << "sold again, it stays locked";
+    Send(device, kBegin + cheap + Total(700) + kEnd + kDailyReport + kRates);
+    Send(device, kBegin + dear + Total(700) + kEnd);
+    EXPECT_EQ(device.receipt_counter(), 1) << "new rates forget the articles";
 }
 
 }  // namespace
