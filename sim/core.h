@@ -21,9 +21,6 @@
 
 namespace sim {
 
-/// The options themselves. Throws std::invalid_argument for those that no device has.
-const DeviceOptions& CheckedOptions(const DeviceOptions& options);
-
 class Core {
   public:
     /// A device that begins with this memory. Throws std::invalid_argument for options that no

@@ -28,6 +28,9 @@ struct Model {
 /// The model of a device type from kFirstType to kLastType.
 const Model& ModelOf(int type);
 
+/// The options themselves. Throws std::invalid_argument for those that no device has.
+const DeviceOptions& CheckedOptions(const DeviceOptions& options);
+
 /// Device types, some perhaps only from a program version on.
 class ModelSet {
   public:

@@ -1,6 +1,5 @@
 #include "sim/storage.h"
 
-#include "sim/core.h"
 #include "sim/model.h"
 #include "sim/vat_table.h"
 
