@@ -24,8 +24,10 @@
 #include "sim/device.h"
 #include "sim/koraxsim/inlet.h"
 #include "sim/koraxsim/outlet.h"
+#include "sim/koraxsim/paper_file.h"
 #include "sim/koraxsim/pseudo_terminal.h"
 #include "sim/option_text.h"
+#include "sim/render/text.h"
 
 namespace koraxsim {
 namespace {
@@ -39,7 +41,8 @@ struct Settings {
     bool trace = false;
     bool display = false;
     std::string logo;
-    int baud = 0;  // 0: as fast as it goes
+    std::string paper = "-";  // or a file
+    int baud = 0;             // 0: as fast as it goes
 };
 
 const std::map<std::string, bool sim::FaultPanel::*> kFaults = {
@@ -124,6 +127,10 @@ std::optional<int> ParseCommandLine(int argc, char** argv, Settings& settings) {
     app.add_option("--display-kind", display_kind,
                    "customer display of types 1, 2, 3, 5 and 6 (default: the type's usual one)")
         ->check(CLI::IsMember(kDisplays));
+    app.add_option("--paper", settings.paper,
+                   "write the paper here: .txt grows by the line, a picture (.svg, .png) or pages "
+                   "(.pdf) are made at the end; -: as text on standard output")
+        ->capture_default_str();
     app.add_option("--logo", settings.logo, "write the logo here (PBM) when it has come");
     app.add_option("--number", settings.device.unique_number, "unique number, 11 characters")
         ->capture_default_str();
@@ -227,6 +234,7 @@ class Session {
           from_host_(settings.baud),
           to_host_(settings.baud) {
         device_.faults() = settings.faults;
+        if (settings.paper != "-") paper_file_.emplace(settings.paper);
         if (settings.display) shown_.emplace();
         if (settings.trace)
             device_.OnExchange([this](const sim::Exchange& exchange) {
@@ -241,6 +249,7 @@ class Session {
     void Run(const Descriptor& signals) {
         static constexpr int kPatienceAtTheEnd = 200;
         while (!WaitForEvent(signals)) Step();
+        if (paper_file_) paper_file_->Finish(device_.clock());
         paper_.Flush(kPatienceAtTheEnd);
         errors_.Flush(kPatienceAtTheEnd);
     }
@@ -280,12 +289,22 @@ class Session {
         device_.Receive(from_host_.Pop(now));
         to_host_.Push(device_.TakeAnswer(), now);
         line_.Write(to_host_.Pop(now));
-        for (const sim::PaperLine& line : device_.paper()) paper_.Put(line.text + "\n");
-        device_.TearOffPaper();
+        PassPaperOn();
         ShowDisplay();
         WriteLogo();
         paper_.Flush();
         errors_.Flush();
+    }
+
+    void PassPaperOn() try {
+        const std::vector<sim::PaperElement> printed = device_.printed();
+        device_.TearOffPaper();
+        if (paper_file_)
+            paper_file_->Add(printed);
+        else
+            paper_.Put(sim::RenderText(printed));
+    } catch (const std::exception& error) {
+        errors_.Put(fmt::format("koraxsim: {}\n", error.what()));
     }
 
     void TurnSwitches() {
@@ -327,7 +346,8 @@ class Session {
     }
 
     sim::Device device_;
-    std::optional<std::string> shown_;  // on the display, if anybody wants to know
+    std::optional<PaperFile> paper_file_;  // instead of standard output
+    std::optional<std::string> shown_;     // on the display, if anybody wants to know
     std::string logo_file_;
     std::optional<sim::Logo> written_logo_;
     PseudoTerminal line_;

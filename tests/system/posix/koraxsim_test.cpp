@@ -56,4 +56,34 @@ TEST(Koraxsim, SwitchesFaultsByLinesOfInput) {
     EXPECT_EQ(0, process.Stop(SIGTERM));
 }
 
+TEST(Koraxsim, WritesThePaperAsTheEndingSays) {
+    const struct {
+        std::string ending, content;
+    } files[] = {{".txt", "S U M A   P L N"},
+                 {".svg", "</svg>\n"},
+                 {".png", "\x89PNG\r\n"},
+                 {".pdf", "%PDF-"}};
+    for (const auto& [ending, content] : files) {
+        SCOPED_TRACE(ending);
+        const std::string paper = ScratchFolder() + "/sheet" + ending;
+        std::ofstream(paper) << "of an older run";
+        Simulator simulator(10, {"--paper", paper});
+        EXPECT_EQ("", Contents(paper)) << "begun anew";
+        EXPECT_EQ(0, RunExample("receipt", kPort, ScratchFolder() + "/said"));
+        if (ending == ".txt") {
+            EXPECT_TRUE(Shows(paper, content)) << "grows by the line";
+        }
+        EXPECT_EQ(0, simulator.Stop());
+        EXPECT_NE(std::string::npos, Contents(paper).find(content));
+    }
+}
+
+TEST(Koraxsim, RefusesPaperThatItCannotWrite) {
+    for (const std::string name : {"paper.doc", "paper", "/nowhere/at/all/paper.svg"}) {
+        const std::string said = ScratchFolder() + "/refused";
+        Process process({KORAXSIM_PROGRAM, "--paper", name}, said);
+        EXPECT_EQ(1, process.Wait()) << name;
+    }
+}
+
 }  // namespace system_tests
