@@ -54,7 +54,8 @@ endif()
 
 # How the library is built inside concerns its own developers only.
 install(DIRECTORY docs/ TYPE DOC COMPONENT Documentation
-  FILES_MATCHING PATTERN "*.md" PATTERN architecture.md EXCLUDE PATTERN man EXCLUDE)
+  FILES_MATCHING PATTERN "*.md" PATTERN architecture.md EXCLUDE PATTERN man EXCLUDE
+  PATTERN pictures EXCLUDE)
 install(FILES CHANGELOG.md TYPE DOC COMPONENT Documentation)
 install(DIRECTORY examples TYPE DOC COMPONENT Documentation FILES_MATCHING PATTERN "*.c")
 install(DIRECTORY bindings TYPE DOC COMPONENT Documentation
