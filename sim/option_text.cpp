@@ -69,9 +69,9 @@ int RateFromText(int type, int rate, std::string_view text) {
     if (text == "-") return kRateUnused;
     if (text == "exempt" && (held == kRates || last)) return kRateExempt;
     if (fixed && last)
-        Complain("rate G is \"{}\"; on device type {} it is \"exempt\" or \"-\"", text, type);
+        Complain(R"(rate G is "{}"; on device type {} it is "exempt" or "-")", text, type);
     if (fixed)
-        Complain("rate {} is \"{}\"; device type {} does not have it: \"-\"", letter, text, type);
+        Complain(R"(rate {} is "{}"; device type {} does not have it: "-")", letter, text, type);
     if (text == "exempt")
         Complain("rate {} cannot be exempt on device type {}, only G", letter, type);
     return PercentFromText(type, letter, text);

@@ -44,7 +44,7 @@ std::vector<std::string> ChangesToPrint(const Core& core) {
     for (std::size_t i = 0; i < working.footer.size(); ++i)
         if (working.footer[i].changed)
             lines.push_back(fmt::format("Zmiana stopki {}: {}", i + 1, core.FooterText(i)));
-    if (working.logo.changed) lines.push_back("Zmiana logo");
+    if (working.logo.changed) lines.emplace_back("Zmiana logo");
     return lines;
 }
 
