@@ -1,5 +1,7 @@
 #include "sim/render/bitmap.h"
 
+#include <utility>
+
 #include "sim/render/font.h"
 
 namespace sim {

@@ -1,5 +1,6 @@
 #include "sim/render/font.h"
 
+#include <algorithm>
 #include <map>
 #include <string_view>
 #include <vector>
