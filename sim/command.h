@@ -92,7 +92,10 @@ bool InPlace(const Core& core, Moment moment);
 struct Command {
     std::uint8_t code = 0;
     const char* name = "";
-    int early = 0;  // bytes answered before the data, the acknowledgement included
+    const char* id = "";  // for scripts and decoded recordings: never changes; several layouts of
+                          // one thing share it
+    int early = 0;        // bytes answered before the data, the acknowledgement included
+    int late = 0;         // bytes answered to data that are taken, at least
     bool status_byte =
         false;  // the early answer is one byte of data in place of the acknowledgement
     DataEnd data_end = DataEnd::Counted;
@@ -126,6 +129,8 @@ const Command* FindCommand(std::uint8_t code);
 /// What a byte outside any sequence begins: an open printout takes lines without Esc and command
 /// byte. Null when it takes none.
 const Command* BareLine(const Core& core);
+/// The lines of a printout of free lines, and of the control of articles' rates.
+std::span<const Command> BareLines();
 
 // The families.
 std::span<const Command> IdentityCommands();

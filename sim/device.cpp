@@ -61,18 +61,32 @@ Bytes Device::TakeAnswer() {
     return wire_->TakeAnswer();
 }
 
-bool Device::AnswerPending() const {
-    return wire_->AnswerPending();
-}
-
 void Device::Advance(std::chrono::milliseconds time, std::chrono::milliseconds passed) {
     core().now += time;
     core_->passed += passed;
     wire_->CheckTimeouts();
 }
 
-void Device::CyclePower() {
+void Device::RefuseNext(int commands) {
+    wire_->RefuseNext(commands);
+}
+
+int Device::refusals_left() const {
+    return wire_->refusals_left();
+}
+
+void Device::SwitchOff() {
+    wire_->SwitchOff();
+}
+
+void Device::SwitchOn() {
+    if (wire_->powered()) return;
+    wire_->SwitchOn();
     core().LosePower();
+}
+
+bool Device::powered() const {
+    return wire_->powered();
 }
 
 const std::vector<PaperElement>& Device::printed() const {
@@ -93,6 +107,18 @@ void Device::TearOffPaper() {
 
 void Device::OnExchange(std::function<void(const Exchange&)> watcher) {
     wire_->Watch(std::move(watcher));
+}
+
+void Device::OnCommand(std::function<void(const Exchange&)> watcher) {
+    wire_->WatchCommands(std::move(watcher));
+}
+
+int Device::exchanges() const {
+    return wire_->exchanges();
+}
+
+const DeviceOptions& Device::options() const {
+    return core_->options;
 }
 
 FaultPanel& Device::faults() {

@@ -104,10 +104,10 @@ struct DeviceOptions {
     std::chrono::milliseconds receipt_timeout{std::chrono::minutes{20}};  // longest open receipt
 };
 
-/// What can be wrong with a device or its line. All of it may change at any time.
+/// What can be wrong with a device; all of it may change at any time. What can be wrong with its
+/// line is in sim/faults.h.
 struct FaultPanel {
-    // The device. Each of these shows in the status bytes; those of the first group forbid a
-    // receipt.
+    // Each of these shows in the status bytes; those of the first group forbid a receipt.
     bool no_paper = false;  // printing stops; once there is paper again the host has to resume it
     bool printer_failure = false;
     bool no_printer_controller = false;
@@ -124,20 +124,15 @@ struct FaultPanel {
     bool document_in_memory = false;   // status A 0x02
     bool print_buffer_filled = false;  // status B 0x01
     bool print_halted = false;         // status B 0x40
-
-    // The line. The counts run down to 0 as they take effect.
-    bool silent = false;                       // nothing that the device says gets through
-    int refuse = 0;                            // sequences to be answered with NAK
-    int drop = 0;                              // bytes of answers to be lost
-    int corrupt = 0;                           // bytes of answers to be inverted
-    std::chrono::milliseconds answer_delay{};  // from the answer to its arrival
 };
 
 /// One exchange on the line, decoded for people.
 struct Exchange {
+    int number = 0;                                             // counted from 1
     std::chrono::milliseconds at{};                             // since the device was switched on
     std::uint8_t command = 0;                                   // 0 for bytes outside any sequence
-    std::string name;                                           // of the command
+    std::string name;                                           // of the command, as a title
+    std::string id;                                             // its stable name
     Bytes received;                                             // from the host, Esc included
     Bytes answered;                                             // by the device
     std::vector<std::pair<std::string, std::string>> fields{};  // of the data, label and value
@@ -167,18 +162,22 @@ class Device {
     /// The line: bytes from the host in any portions, and what the device has said since.
     void Receive(std::span<const std::uint8_t> bytes);
     Bytes TakeAnswer();
-    /// True while an answer is held back by FaultPanel::answer_delay.
-    bool AnswerPending() const;
-    /// Time passes: the clock, the time-outs, the delay of answers.
+    /// Time passes: the clock and the time-outs.
     void Advance(std::chrono::milliseconds time) { Advance(time, time); }
     /// The same where some of the time that has passed for the clock does not count for time-outs:
     /// the program was kept from running, and the host's bytes have been waiting for it.
     void Advance(std::chrono::milliseconds time, std::chrono::milliseconds passed);
+
+    /// So many of the next commands that are acknowledged are refused and not carried out.
+    void RefuseNext(int commands);
+    int refusals_left() const;
+    /// The mains. Without power the device hears nothing and says nothing; what it was doing and the
+    /// open receipt are lost, the working memory keeps.
+    void SwitchOff();
+    void SwitchOn();
+    bool powered() const;
     /// Sets the calendar forward or, by a negative time, back, as long as the device lives.
     void ShiftClock(std::chrono::seconds time);
-
-    /// The device goes off and on again; an open receipt is void then.
-    void CyclePower();
 
     /// What was printed since the device was switched on or its paper was torn off, and the same as
     /// lines of text.
@@ -187,7 +186,12 @@ class Device {
     void TearOffPaper();
     /// Called after every exchange; an empty function ends it.
     void OnExchange(std::function<void(const Exchange&)> watcher);
+    /// Called with number and names before the device acts on a command.
+    void OnCommand(std::function<void(const Exchange&)> watcher);
+    /// Number of the exchange that began last.
+    int exchanges() const;
 
+    const DeviceOptions& options() const;
     FaultPanel& faults();
     const Receipt& receipt() const;  // the open receipt, else the last one
     bool receipt_open() const { return receipt().open(); }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "sim/command.h"
 
@@ -20,11 +21,18 @@ struct MalformedFrame {};
 struct TextFrame {
     std::string_view prefix;
     const char* name = "";
+    const char* id = "";  // as that of a command
     ModelSet models = kAllModels;
     Moment moment = Moment::Anytime;
     /// Takes what follows the prefix; returns the whole answer.
     Bytes (*execute)(Core&, std::span<const std::uint8_t>) = nullptr;
 };
+
+/// The frame of a text, null when no device has it.
+const TextFrame* FindFrame(std::span<const std::uint8_t> content);
+
+/// The frames of all families.
+std::vector<const TextFrame*> AllFrames();
 
 // The families.
 std::span<const TextFrame> ItemFrames();

@@ -2,36 +2,20 @@
 
 #include <fmt/format.h>
 
-#include <algorithm>
 #include <stdexcept>
 
 #include "sim/frame.h"
+#include "sim/sequence.h"
 
 namespace sim {
 namespace {
 
-constexpr std::size_t kLongestData = 255;
 constexpr std::size_t kMostStrays = 64;  // reported at once
-
-// What ends the data of a command and is no part of them.
-Bytes EndOf(DataEnd end) {
-    switch (end) {
-        case DataEnd::Counted:
-            break;
-        case DataEnd::LineFeed:
-        case DataEnd::LineFeedOrEscape:
-            return {'\n'};
-        case DataEnd::Frame:
-            return {kEscape, kFrameEnd};
-        case DataEnd::DisplayFrame:
-            return {'\n', kEscape, 'S'};
-    }
-    return {};
-}
 
 }  // namespace
 
 void Wire::Receive(std::uint8_t byte) {
+    if (!powered_) return;
     last_byte_ = core_.now;
     switch (phase_) {
         case Phase::Idle:
@@ -55,6 +39,7 @@ void Wire::Receive(std::uint8_t byte) {
 }
 
 void Wire::CheckTimeouts() {
+    if (!powered_) return;
     if (phase_ != Phase::Idle && core_.now - last_byte_ > core_.options.data_timeout) GiveUp();
     if (core_.receipt().open() &&
         core_.now - core_.session.receipt_opened > core_.options.receipt_timeout)
@@ -65,7 +50,7 @@ void Wire::CheckTimeouts() {
 // No more bytes have come in time. That ends some data, and breaks off all others.
 void Wire::GiveUp() {
     if (phase_ == Phase::Command) {
-        BeginExchange("lone Esc", {kEscape});
+        BeginExchange("lone Esc", "lone-esc", {kEscape});
     } else if (command_->data_end == DataEnd::LineFeedOrEscape) {
         Execute();
         return;
@@ -86,15 +71,18 @@ void Wire::ReceiveStray(std::uint8_t byte) {
 
 void Wire::ReceiveCommand(std::uint8_t code) {
     command_ = FindCommand(code);
-    BeginExchange(command_ ? command_->name : "unknown command", {kEscape, code});
+    BeginExchange(command_ ? command_->name : "unknown command",
+                  command_ ? command_->id : "unknown-command", {kEscape, code});
     exchange_.command = code;
     data_.clear();
+    // What a frame is, only its text tells.
+    if (code != kFrameBegin && !Announce()) return;
     ignored_ = !Accept();
     const bool acknowledged = !command_ || command_->early > 0;
     if (ignored_ && acknowledged) {
         Answer({kRefusal});
         EndExchange();
-    } else if (DataComplete()) {
+    } else if (DataComplete(*command_, data_)) {
         EndData();
     } else {
         phase_ = Phase::Data;
@@ -103,19 +91,26 @@ void Wire::ReceiveCommand(std::uint8_t code) {
 
 void Wire::BeginBareLine(const Command& line, std::uint8_t first) {
     command_ = &line;
-    BeginExchange(line.name, {});
+    BeginExchange(line.name, line.id, {});
     data_.clear();
+    if (!Announce()) return;
     ignored_ = false;
     phase_ = Phase::Data;
     ReceiveData(first);
 }
 
+// Tells of a command before it is acted on. Whoever is told may switch the device off: false then.
+bool Wire::Announce() {
+    if (command_watcher_) command_watcher_(exchange_);
+    return powered_;
+}
+
 // Takes the command up and sends its early answer, or returns false. A command that is not
 // acknowledged cannot be refused either: its data follow in any case.
 bool Wire::Accept() {
-    if (command_ && command_->early > 0 && core_.faults.refuse > 0) {
-        --core_.faults.refuse;
-        core_.Note("refused by the fault panel");
+    if (command_ && command_->early > 0 && refusals_ > 0) {
+        --refusals_;
+        core_.Note("refused by order");
         return false;
     }
     const bool known = command_ && core_.Is(command_->models);
@@ -150,7 +145,7 @@ void Wire::ReceiveData(std::uint8_t byte) {
     }
     exchange_.received.push_back(byte);
     data_.push_back(byte);
-    if (DataComplete()) {
+    if (DataComplete(*command_, data_)) {
         EndData();
     } else if (data_.size() == kLongestData) {
         core_.Cancel(Reason::UnexpectedSequence);
@@ -158,18 +153,6 @@ void Wire::ReceiveData(std::uint8_t byte) {
         if (command_->data_end == DataEnd::Frame) Answer({kRefusal});
         EndExchange();
     }
-}
-
-bool Wire::DataComplete() const {
-    const std::size_t size = data_.size();
-    const auto fixed = static_cast<std::size_t>(CountedLength(*command_));
-    if (size < fixed) return false;
-    if (command_->data_end != DataEnd::Counted) {
-        const Bytes end = EndOf(command_->data_end);
-        return size >= fixed + end.size() && std::equal(end.rbegin(), end.rend(), data_.rbegin());
-    }
-    if (!command_->data_length) return size == fixed;
-    return size == static_cast<std::size_t>(command_->data_length(data_));
 }
 
 void Wire::EndData() {
@@ -184,6 +167,10 @@ void Wire::Execute() {
         core_.Note("too short");
         EndExchange();
         return;
+    }
+    if (exchange_.command == kFrameBegin) {
+        if (const TextFrame* frame = FindFrame(data_)) exchange_.id = frame->id;
+        if (!Announce()) return;
     }
     const Record record(command_->layout, data_);
     if (watcher_) exchange_.fields = record.Describe(core_);
@@ -208,35 +195,24 @@ void Wire::Refuse() {
 }
 
 void Wire::Answer(const Bytes& bytes) {
-    FaultPanel& faults = core_.faults;
     exchange_.answered.insert(exchange_.answered.end(), bytes.begin(), bytes.end());
-    if (faults.silent) return;
-    for (std::uint8_t byte : bytes) {
-        if (faults.drop > 0) {
-            --faults.drop;
-            continue;
-        }
-        if (faults.corrupt > 0) {
-            --faults.corrupt;
-            byte = static_cast<std::uint8_t>(~byte);
-        }
-        answers_.push_back({core_.now + faults.answer_delay, byte});
-    }
+    answers_.insert(answers_.end(), bytes.begin(), bytes.end());
 }
 
-Bytes Wire::TakeAnswer() {
-    Bytes bytes;
-    while (!answers_.empty() && answers_.front().due <= core_.now) {
-        bytes.push_back(answers_.front().byte);
-        answers_.pop_front();
-    }
-    return bytes;
+void Wire::SwitchOff() {
+    powered_ = false;
+    phase_ = Phase::Idle;
+    data_.clear();
+    strays_.clear();
+    answers_.clear();
 }
 
-void Wire::BeginExchange(const char* name, const Bytes& received) {
+void Wire::BeginExchange(const char* name, const char* id, const Bytes& received) {
     exchange_ = Exchange{};
+    exchange_.number = ++exchanges_;
     exchange_.at = core_.now;
     exchange_.name = name;
+    exchange_.id = id;
     exchange_.received = received;
     core_.note.clear();
 }
@@ -250,9 +226,9 @@ void Wire::EndExchange() {
 
 void Wire::ReportStrays() {
     if (strays_.empty()) return;
-    exchange_ = Exchange{};
-    exchange_.at = core_.now;
-    exchange_.name = "bytes outside any sequence";
+    const std::string note = core_.note;
+    BeginExchange("bytes outside any sequence", "stray-bytes", {});
+    core_.note = note;
     exchange_.received.swap(strays_);
     EndExchange();
 }

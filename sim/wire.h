@@ -1,11 +1,10 @@
-// The line: makes sequences of the bytes that arrive, has them carried out, and lets the answers go
-// as the faults of the line allow.
+// The device's end of the line: makes sequences of the bytes that arrive and has them carried out.
 #pragma once
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
 #include <functional>
+#include <utility>
 
 #include "sim/command.h"
 #include "sim/core.h"
@@ -20,9 +19,19 @@ class Wire {
     /// Ends sequences and receipts that have taken too long; the core's time has moved on already.
     void CheckTimeouts();
 
-    Bytes TakeAnswer();
-    bool AnswerPending() const { return !answers_.empty(); }
+    Bytes TakeAnswer() { return std::exchange(answers_, {}); }
     void Watch(std::function<void(const Exchange&)> watcher) { watcher_ = std::move(watcher); }
+    void WatchCommands(std::function<void(const Exchange&)> watcher) {
+        command_watcher_ = std::move(watcher);
+    }
+    int exchanges() const { return exchanges_; }
+
+    void RefuseNext(int commands) { refusals_ = commands; }
+    int refusals_left() const { return refusals_; }
+    /// Whatever was going on is forgotten.
+    void SwitchOff();
+    void SwitchOn() { powered_ = true; }
+    bool powered() const { return powered_; }
 
   private:
     enum class Phase { Idle, Command, Data };
@@ -33,23 +42,18 @@ class Wire {
 
     void BeginBareLine(const Command& line, std::uint8_t first);
 
+    bool Announce();
     bool Accept();
     void AnswerEarly(const Bytes& bytes);
-    bool DataComplete() const;
     void EndData();
     void GiveUp();
     void Execute();
     void Refuse();
 
     void Answer(const Bytes& bytes);
-    void BeginExchange(const char* name, const Bytes& received);
+    void BeginExchange(const char* name, const char* id, const Bytes& received);
     void EndExchange();
     void ReportStrays();
-
-    struct AnswerByte {
-        std::chrono::milliseconds due;
-        std::uint8_t byte;
-    };
 
     Core& core_;
     Phase phase_ = Phase::Idle;
@@ -60,9 +64,13 @@ class Wire {
     Bytes data_;
     Bytes strays_;
 
-    std::deque<AnswerByte> answers_;
+    Bytes answers_;
+    bool powered_ = true;
+    int refusals_ = 0;
+    int exchanges_ = 0;
     Exchange exchange_;
     std::function<void(const Exchange&)> watcher_;
+    std::function<void(const Exchange&)> command_watcher_;
 };
 
 }  // namespace sim

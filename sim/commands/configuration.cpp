@@ -29,12 +29,16 @@ Bytes WriteGroup(Core& core, const Record& record) {
 constexpr Command kCommands[] = {
     {.code = 0xDF,
      .name = "read configuration group",
+     .id = "read-configuration",
      .early = 1,
+     .late = 4,
      .layout = kGroup,
      .execute = ReadGroup},
     {.code = 0xDE,
      .name = "write configuration group",
+     .id = "write-configuration",
      .early = 1,
+     .late = 1,
      .layout = kGroupAndBytes,
      .execute = WriteGroup},
 };

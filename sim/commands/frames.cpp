@@ -10,18 +10,28 @@ constexpr Field kFrame[] = {
     {"frame", FieldKind::Text, kRest},
 };
 
+}  // namespace
+
+std::vector<const TextFrame*> AllFrames() {
+    std::vector<const TextFrame*> frames;
+    for (const std::span<const TextFrame> family :
+         {ItemFrames(), TotalsFrames(), PrintoutFrames(), SundryFrames()})
+        for (const TextFrame& frame : family) frames.push_back(&frame);
+    return frames;
+}
+
 const TextFrame* FindFrame(std::span<const std::uint8_t> content) {
     const auto begins = [&](const TextFrame& frame) {
         return content.size() >= frame.prefix.size() &&
                std::equal(frame.prefix.begin(), frame.prefix.end(), content.begin(),
                           [](char a, std::uint8_t b) { return static_cast<std::uint8_t>(a) == b; });
     };
-    for (const std::span<const TextFrame> family :
-         {ItemFrames(), TotalsFrames(), PrintoutFrames(), SundryFrames()})
-        for (const TextFrame& frame : family)
-            if (begins(frame)) return &frame;
+    for (const TextFrame* frame : AllFrames())
+        if (begins(*frame)) return frame;
     return nullptr;
 }
+
+namespace {
 
 // A rule broken by a frame that can be read cancels the receipt like that of any other sequence:
 // the frame itself is acknowledged.
@@ -45,6 +55,8 @@ Bytes RunFrame(Core& core, const Record& record) {
 constexpr Command kCommands[] = {
     {.code = kFrameBegin,
      .name = "text frame",
+     .id = "text-frame",
+     .late = 1,
      .data_end = DataEnd::Frame,
      .layout = kFrame,
      .execute = RunFrame},

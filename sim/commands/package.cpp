@@ -59,14 +59,16 @@ std::optional<Bytes> Open(Core& core) {
 constexpr Command kCommands[] = {
     {.code = 0x17,
      .name = "packages",
+     .id = "packages",
+     .late = 1,
      .layout = kPackage,
      .models = kTakePackages,
      .moment = Moment::InReceipt,
      .refusal = kRefusal,
      .execute = TakePackage},
-    {.code = 0x57, .name = "open drawer 1", .early = 1, .accept = Open<1>},
-    {.code = 0x58, .name = "open drawer 2", .early = 1, .accept = Open<2>},
-    {.code = 0x59, .name = "open drawer 3", .early = 1, .accept = Open<3>},
+    {.code = 0x57, .name = "open drawer 1", .id = "open-drawer-1", .early = 1, .accept = Open<1>},
+    {.code = 0x58, .name = "open drawer 2", .id = "open-drawer-2", .early = 1, .accept = Open<2>},
+    {.code = 0x59, .name = "open drawer 3", .id = "open-drawer-3", .early = 1, .accept = Open<3>},
 };
 
 }  // namespace

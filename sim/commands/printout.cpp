@@ -95,6 +95,7 @@ Bytes PrintBarCode(Core& core, std::span<const std::uint8_t> code) {
 constexpr Command kCommands[] = {
     {.code = 0x73,
      .name = "begin non-fiscal printout",
+     .id = "begin-printout",
      .early = 1,
      .layout = kForm,
      .moment = Moment::NoDocument,
@@ -102,12 +103,18 @@ constexpr Command kCommands[] = {
      .execute = BeginForm},
     {.code = 0x3F,
      .name = "begin control printout",
+     .id = "begin-control-printout",
      .early = 1,
      .moment = Moment::NoDocument,
      .accept = BeginControl},
-    {.code = 0x51, .name = "end printout", .moment = Moment::NoReceipt, .execute = End},
+    {.code = 0x51,
+     .name = "end printout",
+     .id = "end-printout",
+     .moment = Moment::NoReceipt,
+     .execute = End},
     {.code = 0x63,
      .name = "free line",
+     .id = "free-line",
      .data_end = DataEnd::LineFeed,
      .layout = kFreeLine,
      .moment = Moment::InPrintout,
@@ -116,11 +123,13 @@ constexpr Command kCommands[] = {
 
 constexpr Command kBareLines[] = {
     {.name = "numbered line",
+     .id = "numbered-line",
      .data_end = DataEnd::LineFeedOrEscape,
      .layout = kNumberedLine,
      .moment = Moment::InPrintout,
      .execute = NumberedLine},
     {.name = "line of the control printout",
+     .id = "control-line",
      .layout = kArticleLine,
      .moment = Moment::InPrintout,
      .execute = ArticleLine},
@@ -129,6 +138,7 @@ constexpr Command kBareLines[] = {
 constexpr TextFrame kFrames[] = {
     {.prefix = "qBI:N1:10:30:",
      .name = "bar code",
+     .id = "bar-code",
      .moment = Moment::InPrintout,
      .execute = PrintBarCode},
 };
@@ -145,6 +155,10 @@ const Command* BareLine(const Core& core) {
             return &kBareLines[1];
     }
     return nullptr;
+}
+
+std::span<const Command> BareLines() {
+    return kBareLines;
 }
 
 std::span<const Command> PrintoutCommands() {

@@ -57,6 +57,7 @@ Bytes WriteRates(Core& core, const Record& record) {
 constexpr Command ReadCommand(std::uint8_t code, RateTable table, const ModelSet& models) {
     return {.code = code,
             .name = "read VAT rates",
+            .id = "read-rates",
             .early = 1 + CodedLength(table),
             .models = models,
             .moment = Moment::NoReceipt,
@@ -67,6 +68,7 @@ constexpr Command WriteCommand(std::uint8_t code, std::span<const Field> layout,
                                const ModelSet& models) {
     return {.code = code,
             .name = "write VAT rates",
+            .id = "write-rates",
             .early = 1,
             .layout = layout,
             .models = models,

@@ -99,8 +99,17 @@ DeviceLink::DeviceLink(std::filesystem::path link, const std::string& device)
 }
 
 DeviceLink::~DeviceLink() {
+    Remove();
+}
+
+void DeviceLink::Remove() {
     std::error_code ignored;
     if (Ours()) std::filesystem::remove(link_, ignored);
+}
+
+void DeviceLink::LeadTo(const std::string& device) {
+    device_ = device;
+    std::filesystem::create_symlink(device_, link_);
 }
 
 bool DeviceLink::Ours() const {

@@ -49,6 +49,10 @@ class DeviceLink {
     DeviceLink(const DeviceLink&) = delete;
     DeviceLink& operator=(const DeviceLink&) = delete;
 
+    /// While the device is away there is no link; the name stays claimed.
+    void Remove();
+    void LeadTo(const std::string& device);
+
   private:
     bool Ours() const;
 

@@ -19,9 +19,9 @@ class Fault : public Shop {
     // A call while the device is silent.
     template <class Function, class... Arguments>
     int32_t InSilence(Function function, Arguments... arguments) {
-        device().faults().silent = true;
+        silent() = true;
         const int32_t result = function(arguments...);
-        device().faults().silent = false;
+        silent() = false;
         return result;
     }
     static int32_t Reason() {

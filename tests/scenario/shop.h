@@ -13,14 +13,21 @@ class DeviceLine : public memory::Peer {
     explicit DeviceLine(const sim::DeviceOptions& options) : device(options) {}
     void HostSent(const Bytes& bytes) override {
         device.Receive(bytes);
-        os.Answer(device.TakeAnswer());
+        PassAnswer();
     }
     void TimePassed(uint32_t ms) override {
         device.Advance(std::chrono::milliseconds{ms});
-        os.Answer(device.TakeAnswer());
+        PassAnswer();
     }
 
     sim::Device device;
+    bool silent = false;  // what the device says is lost
+
+  private:
+    void PassAnswer() {
+        const Bytes answer = device.TakeAnswer();
+        if (!silent) os.Answer(answer);
+    }
 };
 
 class Shop : public testing::Test {
@@ -30,6 +37,7 @@ class Shop : public testing::Test {
     void Open(const sim::DeviceOptions& options);
     void Open(int type) { Open({.type = type}); }
     sim::Device& device() { return line_->device; }
+    bool& silent() { return line_->silent; }
     const sim::Receipt& receipt() { return device().receipt(); }
     int32_t Connect() { return CommunicationInit(1, 9600, 5); }
 

@@ -11,23 +11,8 @@ namespace {
 
 const Bytes kIdentify = Esc(0xFF), kIdentity = {kAck, 44};
 
-TEST(Line, FaultsDistortAnswersAndPausesEndSequences) {
+TEST(Line, PausesEndSequences) {
     Device device;
-    sim::FaultPanel& faults = device.faults();
-    faults.drop = 1;
-    Talk(device, {{"a byte lost", kIdentify, {44}}});
-    faults.corrupt = 2;
-    Talk(device, {{"bytes inverted", Esc(0xFE), {0xF9, 0x7F, 2, 0}}});
-    faults.refuse = 1;
-    Talk(device, {{"refused", kIdentify, {kNak}}, {"once", kIdentify, kIdentity}});
-    faults.answer_delay = 100ms;
-    Talk(device, {{"delayed", kIdentify}});
-    device.Advance(99ms);
-    EXPECT_EQ(device.TakeAnswer(), Bytes{});
-    EXPECT_TRUE(device.AnswerPending());
-    device.Advance(1ms);
-    EXPECT_EQ(device.TakeAnswer(), kIdentity);
-    faults.answer_delay = 0ms;
     for (const Bytes& beginning : {Bytes{0x1B}, Esc(0x2E, {1, 'a'}), Esc(0xB0, {'D'})}) {
         device.Receive(beginning);
         device.Advance(2001ms);

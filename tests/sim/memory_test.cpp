@@ -66,7 +66,8 @@ TEST(Memory, AnOpenReceiptIsVoidWhenTheDeviceIsOnAgain) {
     Device device(options, keeper.kept, keeper);
     Send(device, kReceipt + kBegin + Sold({.name = "Mleko"}) + Total(700));
     const sim::Memory cut = keeper.kept;
-    device.CyclePower();
+    device.SwitchOff();
+    device.SwitchOn();
     Keeper later(options);
     later.kept = cut;
     Device restarted(options, cut, later);

@@ -37,7 +37,7 @@ TEST(Koraxsim, TakesOverTheLinkOfAKilledRunOnly) {
     EXPECT_EQ("kept", Contents(file));
 }
 
-TEST(Koraxsim, SwitchesFaultsByLinesOfInput) {
+TEST(Koraxsim, ObeysLinesOfInput) {
     const std::string panel = ScratchFolder() + "/panel", output = ScratchFolder() + "/switched";
     ASSERT_EQ(0, mkfifo(panel.c_str(), 0600));
     std::fstream input(panel);  // for both directions, so that neither end waits for the other
@@ -47,11 +47,36 @@ TEST(Koraxsim, SwitchesFaultsByLinesOfInput) {
     EXPECT_TRUE(Shows(output, "/dev/pts/"));
     NamePort(kPort);
     ASSERT_EQ(0, CommunicationInit(kPort, 9600, 5));
-    for (const auto& [state, error] : {std::pair("on", 109), {"off", 0}}) {
-        input << "no-paper" << std::endl;
-        EXPECT_TRUE(Shows(output, std::string("no-paper ") + state));
-        EXPECT_EQ(error, PrintControl(1));
-    }
+    input << "paper out\nfaults" << std::endl;
+    EXPECT_TRUE(Shows(output, "\nok\npaper out\n"));
+    EXPECT_EQ(109, PrintControl(1));
+    input << "paper in\nfaults" << std::endl;
+    EXPECT_TRUE(Shows(output, "\nok\nnone\n"));
+    EXPECT_EQ(0, PrintControl(1));
+    CommunicationEnd();
+    input << "quit" << std::endl;
+    EXPECT_EQ(0, process.Wait());
+}
+
+// The host that has the port open meets a hang-up, and the next session works.
+TEST(Koraxsim, HangsUpAndReturnsUnderItsName) {
+    const std::string panel = ScratchFolder() + "/cable", output = ScratchFolder() + "/hung-up";
+    ASSERT_EQ(0, mkfifo(panel.c_str(), 0600));
+    std::fstream input(panel);
+    Process process({"/bin/sh", "-c", R"(exec "$0" --link "$1" <"$2" 2>&1)", KORAXSIM_PROGRAM,
+                     DeviceOf(kPort), panel},
+                    output);
+    EXPECT_TRUE(Shows(output, "/dev/pts/"));
+    NamePort(kPort);
+    ASSERT_EQ(0, CommunicationInit(kPort, 9600, 2));
+    input << "cable out\nfaults" << std::endl;
+    EXPECT_TRUE(Shows(output, "cable out\n"));
+    EXPECT_NE(0, ReceiptBegin());
+    EXPECT_FALSE(fs::is_symlink(DeviceOf(kPort)));
+    input << "cable in\nfaults" << std::endl;
+    EXPECT_TRUE(Shows(output, "none\n"));
+    EXPECT_EQ(0, CommunicationInit(kPort, 9600, 2));
+    EXPECT_EQ(0, ReceiptBegin());
     CommunicationEnd();
     EXPECT_EQ(0, process.Stop(SIGTERM));
 }
@@ -84,6 +109,14 @@ TEST(Koraxsim, RefusesPaperThatItCannotWrite) {
         Process process({KORAXSIM_PROGRAM, "--paper", name}, said);
         EXPECT_EQ(1, process.Wait()) << name;
     }
-}
+    TEST(Koraxsim, DoesNotStartWithAScriptThatIsWrong) {
+        const std::string script = ScratchFolder() + "/script",
+                          output = ScratchFolder() + "/refused";
+        std::ofstream(script) << "# of the morning\nat 1s: paper oot\n";
+        Process process(
+            {"/bin/sh", "-c", R"(exec "$0" --script "$1" 2>&1)", KORAXSIM_PROGRAM, script}, output);
+        EXPECT_EQ(1, process.Wait());
+        EXPECT_NE(std::string::npos, Contents(output).find("line 2: ")) << Contents(output);
+    }
 
 }  // namespace system_tests
