@@ -109,14 +109,15 @@ TEST(Koraxsim, RefusesPaperThatItCannotWrite) {
         Process process({KORAXSIM_PROGRAM, "--paper", name}, said);
         EXPECT_EQ(1, process.Wait()) << name;
     }
-    TEST(Koraxsim, DoesNotStartWithAScriptThatIsWrong) {
-        const std::string script = ScratchFolder() + "/script",
-                          output = ScratchFolder() + "/refused";
-        std::ofstream(script) << "# of the morning\nat 1s: paper oot\n";
-        Process process(
-            {"/bin/sh", "-c", R"(exec "$0" --script "$1" 2>&1)", KORAXSIM_PROGRAM, script}, output);
-        EXPECT_EQ(1, process.Wait());
-        EXPECT_NE(std::string::npos, Contents(output).find("line 2: ")) << Contents(output);
-    }
+}
+
+TEST(Koraxsim, DoesNotStartWithAScriptThatIsWrong) {
+    const std::string script = ScratchFolder() + "/script", output = ScratchFolder() + "/refused";
+    std::ofstream(script) << "# of the morning\nat 1s: paper oot\n";
+    Process process({"/bin/sh", "-c", R"(exec "$0" --script "$1" 2>&1)", KORAXSIM_PROGRAM, script},
+                    output);
+    EXPECT_EQ(1, process.Wait());
+    EXPECT_NE(std::string::npos, Contents(output).find("line 2: ")) << Contents(output);
+}
 
 }  // namespace system_tests
