@@ -50,8 +50,12 @@ bool IsTime(std::string_view word) {
 }
 
 std::string FaultNames() {
-    return fmt::format("one of {}",
-                       fmt::join(DeviceFaults() | std::views::transform(&DeviceFault::name), ", "));
+    std::string names;
+    for (const DeviceFault& fault : DeviceFaults()) {
+        if (!names.empty()) names += ", ";
+        names += fault.name;
+    }
+    return "one of " + names;
 }
 
 struct Placeholder {

@@ -13,7 +13,7 @@ namespace sim {
 namespace {
 
 constexpr const char* kForms =
-    "a line is \"at 3s: ORDER\", \"on NAME [#K]: ORDER\" or \"after NAME [#K]: ORDER\"";
+    R"(a line is "at 3s: ORDER", "on NAME [#K]: ORDER" or "after NAME [#K]: ORDER")";
 
 // "3s", "0.25s".
 std::optional<LineTime> TimeOf(std::string_view word) {
@@ -69,13 +69,13 @@ void Script::ReadMoment(Moments& moments, const std::vector<std::string_view>& h
     if (head.size() < 2 || head.size() > 3) throw OrderError(kForms);
     if (!IsExchangeName(head[1]))
         throw OrderError(
-            fmt::format("there is no exchange \"{}\"; \"koraxsim commands\" lists them", head[1]));
+            fmt::format(R"(there is no exchange "{}"; "koraxsim commands" lists them)", head[1]));
     std::optional<int> count = 1;
     if (head.size() == 3) {
         count = head[2].starts_with('#') ? NumberOf(head[2].substr(1)) : std::nullopt;
         if (head[2] != "#*" && count.value_or(0) < 1)
             throw OrderError(
-                fmt::format("\"{}\" after \"{}\"; there comes #1, #2 ... or #*", head[2], head[1]));
+                fmt::format(R"("{}" after "{}"; there comes #1, #2 ... or #*)", head[2], head[1]));
     }
     moments.awaiting.push_back({std::string(head[1]), count, std::string(order), Order(order)});
 }

@@ -82,7 +82,7 @@ void Wire::ReceiveCommand(std::uint8_t code) {
     if (ignored_ && acknowledged) {
         Answer({kRefusal});
         EndExchange();
-    } else if (DataComplete(*command_, data_)) {
+    } else if (command_ && DataComplete(*command_, data_)) {
         EndData();
     } else {
         phase_ = Phase::Data;
