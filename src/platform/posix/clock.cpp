@@ -1,8 +1,7 @@
 #include "platform/clock.h"
 
-#include <ctime>
-
 #include <cerrno>
+#include <ctime>
 
 namespace platform {
 
