@@ -74,34 +74,29 @@ TEST_F(Logo, TheFirstRefusalEndsItTranslated) {
 }
 
 TEST_F(Logo, OtherFormatsAreRefusedBeforeTheSession) {
-    NrPortu = 0;  // a file that passes gets as far as the session
-    const struct {
-        std::size_t offset;
-        int value;
-        int32_t error;
-    } changes[] = {{0, 'b', 237},
-                   {1, 'm', 237},
-                   {14, 12, 237},
-                   {18, 0, 237},
-                   {18, 200, 237},
-                   {22, 63, 237},
-                   {22, 192, 237},
-                   {28, 24, 237},
-                   {28, 4, 237},
-                   {30, 1, 237},
-                   {10, 63, 237},  // its last row is then too short
-                   // Only the low bytes of sizes are looked at.
-                   {10, 0, 114},
-                   {11, 9, 114},
-                   {15, 9, 114},
-                   {19, 1, 114},
-                   {23, 1, 114},
-                   {31, 1, 114},
-                   {54, 255, 114}};
-    for (const auto& [offset, value, error] : changes) {
-        SCOPED_TRACE(fmt::format("byte {} is {}", offset, value));
-        Write(Bitmap().replace(offset, 1, 1, static_cast<char>(value)), "", error);
-    }
+    NrPortu = 0;                                 // a file that passes gets as far as the session
+    using Change = std::pair<std::size_t, int>;  // the byte at an offset
+    const auto expect = [&](const Change& change, int32_t error) {
+        SCOPED_TRACE(fmt::format("byte {} is {}", change.first, change.second));
+        Write(Bitmap().replace(change.first, 1, 1, static_cast<char>(change.second)), "", error);
+    };
+    // The last of these makes the last row too short.
+    for (const Change& change : {Change(0, 'b'),
+                                 {1, 'm'},
+                                 {14, 12},
+                                 {18, 0},
+                                 {18, 200},
+                                 {22, 63},
+                                 {22, 192},
+                                 {28, 24},
+                                 {28, 4},
+                                 {30, 1},
+                                 {10, 63}})
+        expect(change, 237);
+    // Only the low bytes of sizes are looked at.
+    for (const Change& change :
+         {Change(10, 0), {11, 9}, {15, 9}, {19, 1}, {23, 1}, {31, 1}, {54, 255}})
+        expect(change, 114);
 }
 
 TEST_F(Logo, AFileThatEndsEarlyIsRefused) {
