@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "platform/clock.h"
 #include "platform/socket.h"
 
 namespace platform {
@@ -86,13 +87,18 @@ uint32_t Milliseconds(uint32_t seconds) {
     return std::min(seconds, kLongestS) * 1000;
 }
 
-// A local host listens on either address; what is there answers at once.
+// A local host listens on either address; both have one time between them.
 SocketHandle Connect(const Target& target, uint32_t timeout_ms) {
     if (std::strcmp(target.host, kLocalHost) != 0) {
         return ConnectTcp(target.host, target.port, timeout_ms);
     }
+    const uint64_t start_us = MonotonicUs();
     const SocketHandle socket = ConnectTcp("127.0.0.1", target.port, timeout_ms);
-    return socket != kNoSocket ? socket : ConnectTcp("::1", target.port, timeout_ms);
+    if (socket != kNoSocket) return socket;
+    const uint64_t passed_ms = (MonotonicUs() - start_us) / 1'000;
+    return passed_ms < timeout_ms
+               ? ConnectTcp("::1", target.port, timeout_ms - static_cast<uint32_t>(passed_ms))
+               : kNoSocket;
 }
 
 }  // namespace
